@@ -1,0 +1,38 @@
+#include "seam/clsClock.h"
+
+#include <wx/utils.h>
+
+#include <chrono>
+
+std::atomic<Clock_cls*> GpCClock{nullptr};
+
+namespace {
+
+class SystemClock_cls : public Clock_cls {
+  public:
+    long long Now() override {
+        using std::chrono::duration_cast, std::chrono::milliseconds, std::chrono::steady_clock;
+        return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+    }
+    void Sleep(int milliseconds) override { wxMilliSleep(static_cast<unsigned long>(milliseconds)); }
+};
+
+}  // namespace
+
+Clock_cls& Clock_cls::Current() {
+    static SystemClock_cls system;
+    Clock_cls* other = GpCClock.load(std::memory_order_acquire);
+    return other ? *other : system;
+}
+
+void PollUntil(const std::function<bool()>& condition, int periodMs,
+               const std::function<void(int round)>& eachRound) {
+    for (int round = 1; !condition(); ++round) {
+        Clock_cls::Current().Sleep(periodMs);
+        if (eachRound) eachRound(round);
+    }
+}
+
+void PollUntil(const std::atomic<bool>& flag, int periodMs) {
+    PollUntil([&flag] { return flag.load(std::memory_order_acquire); }, periodMs);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+
+/// The clock and the sleep that pacing and polling use; tests put their own in place.
+/// Threads: any. Units: milliseconds.
+class Clock_cls {
+  public:
+    virtual ~Clock_cls() = default;
+    /// Milliseconds since some fixed instant, never going back.
+    virtual long long Now() = 0;
+    virtual void Sleep(int milliseconds) = 0;
+
+    /// The clock in place: the test's or the front end's, else the system's.
+    static Clock_cls& Current();
+};
+
+/// A clock put in place of the system's, owned by whoever set it; null means the system's.
+extern std::atomic<Clock_cls*> GpCClock;
+
+/// Polls until the condition holds, sleeping `periodMs` between tests. The condition is tested before the
+/// first sleep, so finished work costs no sleep. `eachRound` is called after every sleep with the round's
+/// number from 1. This is the only waiting loop of the program.
+void PollUntil(const std::function<bool()>& condition, int periodMs,
+               const std::function<void(int round)>& eachRound = {});
+/// The same for a completion flag, which is stored with release order by the worker.
+void PollUntil(const std::atomic<bool>& flag, int periodMs);

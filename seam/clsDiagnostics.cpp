@@ -1,0 +1,27 @@
+#include "seam/clsDiagnostics.h"
+
+#include <atomic>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+std::atomic<bool> diagnosticsOn{true};
+}
+
+void PrintDiagnostic(const char* format, ...) {
+    if (!diagnosticsOn.load(std::memory_order_relaxed)) return;
+    va_list arguments;
+    va_start(arguments, format);
+    std::vprintf(format, arguments);
+    va_end(arguments);
+}
+
+void SetDiagnosticsOn(bool on) {
+    diagnosticsOn.store(on, std::memory_order_relaxed);
+}
+
+void HardStop(const char* words) {
+    std::printf("%s\n", words);
+    std::exit(0);
+}
