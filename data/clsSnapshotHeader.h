@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "data/clsGrammerBase.h"
+
+/// What the header of one snapshot file says. Plain functions on bytes: no files, no threads.
+struct SnapshotHeader_cls {
+    std::optional<double> mTime;    ///< empty when the grammar has no time item
+    std::optional<int> mNumber;     ///< empty when the grammar has no number item
+    unsigned int mBytesWanted = 0;  ///< binary: size of the header
+    unsigned int mBytesThere = 0;   ///< binary: what the file holds of it
+    bool mComplete = true;          ///< false: the file ends inside the header, or an item is no number
+
+    static SnapshotHeader_cls FromBinary(std::span<const char> bytes, const GrammerBase_cls& grammer);
+    /// One line is taken for each code, also for the dummies that count 3 and 10 lines: the grammar's line
+    /// count and this reader differ on purpose, users' grammars are written for it.
+    static SnapshotHeader_cls FromText(std::string_view text, const GrammerBase_cls& grammer);
+};
+
+/// Cuts the next line off the text: without its line feed and a carriage return before it.
+std::string_view TakeLine(std::string_view* text);
