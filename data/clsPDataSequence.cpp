@@ -9,24 +9,15 @@ void PDataSequence_cls::OpenDataFile(const wxString& path) {
     mFiles.Set(path);
     mFiles.CalcMaxOffset();
     mLength = mFiles.GetCount();
+    if (mLength <= kMaxLength) return;
+    UserMessage_cls::Tell("Warning", wxString::Format("Max file sequence number is %d", kCutLength));
+    mLength = kCutLength;
 }
 
-std::unique_ptr<PDataBlock_cls> PDataSequence_cls::LoadSnapshot(int index) const {
-    return Load(index, Depth::Whole);
-}
-
-std::unique_ptr<PDataBlock_cls> PDataSequence_cls::LoadSnapshotInfo(int index) const {
-    return Load(index, Depth::HeaderOnly);
-}
-
-std::unique_ptr<PDataBlock_cls> PDataSequence_cls::Load(int index, Depth depth) const {
+std::unique_ptr<PDataBlock_cls> PDataSequence_cls::Load(int index, Depth depth, wxString* why) const {
     const wxString path = GetFilename(index);
-    wxString why;
-    const auto file = InputFile_cls::Open(path, &why);
-    if (!file) {
-        UserMessage_cls::Tell("Can not open file", path + ": " + why);
-        return nullptr;
-    }
+    const auto file = InputFile_cls::Open(path, why);
+    if (!file) return nullptr;
     auto block = std::make_unique<PDataBlock_cls>();
     block->ReadHeader(*file, path, index);
     if (depth == Depth::Whole) {
@@ -34,7 +25,6 @@ std::unique_ptr<PDataBlock_cls> PDataSequence_cls::Load(int index, Depth depth) 
     } else {
         block->CheckTextBody(*file, path);
     }
-    for (const wxString& problem : block->TakeProblems()) UserMessage_cls::Tell("Warning", problem);
     return block;
 }
 

@@ -9,20 +9,21 @@
 /// Owned by the application core. Threads: GUI thread.
 class PDataSequence_cls {
   public:
-    /// More files than this are not opened.
+    /// Longer series are cut to kCutLength: the two numbers differ, and users' projects rely on both.
     static constexpr int kMaxLength = 10000;
+    static constexpr int kCutLength = 8000;
 
     explicit PDataSequence_cls(unsigned int number);
 
-    /// Names the series and counts its files.
+    /// Names the series and counts its files; a series that is too long is cut, with a warning.
     void OpenDataFile(const wxString& path);
     int GetSeqLength() const { return mLength; }
     wxString GetFilename(int index) const { return mFiles.GetModifiedStr(index); }
 
-    /// Reads one snapshot whole. Null when its file cannot be opened; every fault is told to the user.
-    std::unique_ptr<PDataBlock_cls> LoadSnapshot(int index) const;
-    /// Reads time and particle count of one snapshot and compares the count with the file.
-    std::unique_ptr<PDataBlock_cls> LoadSnapshotInfo(int index) const;
+    enum class Depth { HeaderOnly, Whole };
+    /// Reads one snapshot, or only its time and particle count compared with the file. Null, with the reason
+    /// in words, when its file cannot be opened; faults in the file are kept in the block.
+    std::unique_ptr<PDataBlock_cls> Load(int index, Depth depth, wxString* why) const;
 
     /// "DataSequence", the number and "=", then the file's name on a line of its own.
     wxString Serialize() const;
@@ -30,9 +31,6 @@ class PDataSequence_cls {
     bool IsKeyLine(const wxString& line) const { return line == mKey; }
 
   private:
-    enum class Depth { HeaderOnly, Whole };
-    std::unique_ptr<PDataBlock_cls> Load(int index, Depth depth) const;
-
     FileSequence_cls mFiles;
     wxString mKey;
     int mLength = 0;

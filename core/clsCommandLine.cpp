@@ -1,0 +1,176 @@
+#include "core/clsCommandLine.h"
+
+#include <getopt.h>
+
+#include "output/clsImageFile.h"
+#include "seam/clsTextCoding.h"
+
+namespace {
+
+constexpr int kMaxPictureSize = 16384;
+
+enum Option : int {
+    kInfo = 1000,
+    kRender,
+    kSave,
+    kFrames,
+    kSize,
+    kSet,
+    kConfig,
+    kNoConfig,
+    kQuiet,
+    kVerbose,
+    kHelp,
+    kVersion
+};
+
+const option kOptions[] = {{"info", no_argument, nullptr, kInfo},
+                           {"render", required_argument, nullptr, kRender},
+                           {"save", required_argument, nullptr, kSave},
+                           {"frames", required_argument, nullptr, kFrames},
+                           {"size", required_argument, nullptr, kSize},
+                           {"set", required_argument, nullptr, kSet},
+                           {"config", required_argument, nullptr, kConfig},
+                           {"no-config", no_argument, nullptr, kNoConfig},
+                           {"quiet", no_argument, nullptr, kQuiet},
+                           {"verbose", no_argument, nullptr, kVerbose},
+                           {"help", no_argument, nullptr, kHelp},
+                           {"version", no_argument, nullptr, kVersion},
+                           {nullptr, 0, nullptr, 0}};
+
+/// A whole number without sign or blanks.
+bool ParseNumber(const wxString& text, int* number) {
+    unsigned long value = 0;
+    if (text.empty() || text.length() > 9 || !text.ToULong(&value, 10) || !(text[0] >= '0' && text[0] <= '9')) return false;
+    *number = static_cast<int>(value);
+    return true;
+}
+
+bool ParseSize(const wxString& text, int* width, int* height) {
+    return ParseNumber(text.BeforeFirst('x'), width) && ParseNumber(text.AfterFirst('x'), height) &&
+           *width > 0 && *height > 0 && *width <= kMaxPictureSize && *height <= kMaxPictureSize;
+}
+
+/// Wrong combinations that only show once everything is read. Empty when all is well.
+wxString FindConflict(const CommandLine_cls& line) {
+    using Action = CommandLine_cls::Action;
+    const bool needsFile =
+        line.mAction == Action::Info || line.mAction == Action::Render || line.mAction == Action::Save;
+    if (needsFile && line.mFile.empty()) return "no data file or project is named";
+    if (line.mAction == Action::Render && !ImageFile_cls::IsKnownFormat(line.mPattern)) {
+        return line.mPattern + ": the picture's name must end in .png, .jpg, .tif or .bmp";
+    }
+    return {};
+}
+
+}  // namespace
+
+std::optional<FrameRange_cls> FrameRange_cls::Parse(const wxString& text) {
+    FrameRange_cls range;
+    const wxString first = text.BeforeFirst(':');
+    wxString last = text.AfterFirst(':');
+    wxString step = last.AfterFirst(':');
+    last = last.BeforeFirst(':');
+    if (!ParseNumber(first, &range.mFirst)) return std::nullopt;
+    range.mLast = range.mFirst;
+    if (text.Contains(":") && !ParseNumber(last, &range.mLast)) return std::nullopt;
+    if (text.Freq(':') > 2 || (text.Freq(':') == 2 && !ParseNumber(step, &range.mStep))) return std::nullopt;
+    if (range.mLast < range.mFirst || range.mStep < 1) return std::nullopt;
+    return range;
+}
+
+std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxString* error) {
+    CommandLine_cls line;
+    const auto fail = [error](const wxString& text) {
+        *error = text;
+        return std::nullopt;
+    };
+    int actions = 0;
+    const auto setAction = [&](Action action) {
+        line.mAction = action;
+        ++actions;
+    };
+    optind = 0;  // getopt starts anew
+    opterr = 0;
+    for (int code = 0; (code = getopt_long(argc, argv, ":", kOptions, nullptr)) != -1;) {
+        const wxString value = optarg ? FromBytes(optarg) : wxString();
+        switch (code) {
+            case kInfo:
+                setAction(Action::Info);
+                break;
+            case kRender:
+                setAction(Action::Render);
+                line.mPattern = value;
+                break;
+            case kSave:
+                setAction(Action::Save);
+                line.mProject = value;
+                break;
+            case kFrames:
+                line.mFrames = FrameRange_cls::Parse(value);
+                if (!line.mFrames) return fail("--frames " + value + ": expected A, A:B or A:B:STEP");
+                break;
+            case kSize:
+                if (!ParseSize(value, &line.mWidth, &line.mHeight)) {
+                    return fail(wxString::Format("--size %s: expected WIDTHxHEIGHT, each 1 to %d", value,
+                                                 kMaxPictureSize));
+                }
+                break;
+            case kSet:
+                if (!value.Contains("=")) return fail("--set " + value + ": expected KEY=VALUE");
+                line.mSettings.push_back(value);
+                break;
+            case kConfig:
+                line.mConfig = value;
+                break;
+            case kNoConfig:
+                line.mConfig = wxString();
+                break;
+            case kQuiet:
+                line.mQuiet = true;
+                break;
+            case kVerbose:
+                line.mVerbose = true;
+                break;
+            case kHelp:
+                line.mAction = Action::Help;
+                return line;
+            case kVersion:
+                line.mAction = Action::Version;
+                return line;
+            case ':':
+                return fail(FromBytes(argv[optind - 1]) + ": a value is missing");
+            default:
+                return fail(FromBytes(argv[optind - 1]) + ": no such option");
+        }
+    }
+    if (actions > 1) return fail("more than one of --info, --render and --save");
+    if (argc - optind > 1) return fail(FromBytes(argv[optind + 1]) + ": only one file can be named");
+    if (optind < argc) line.mFile = FromBytes(argv[optind]);
+    const wxString conflict = FindConflict(line);
+    if (!conflict.empty()) return fail(conflict);
+    return line;
+}
+
+const char* CommandLine_cls::HelpText() {
+    return R"(Varnholt 3 turns snapshots of particle simulations into animations.
+
+usage: varnholt3 --info DATA               one line per snapshot: number, time, particles, file; then the total
+       varnholt3 --render PATTERN FILE     draw the frames into numbered pictures (out%04d.png; .jpg, .tif, .bmp)
+       varnholt3 --save PROJECT FILE       write the whole state, after FILE and --set, as a project
+
+FILE is a project (.vhp) or the first file of a data series, for example snap0000.dat.
+
+  --frames A[:B[:STEP]]      frames to do; default: all
+  --size WxH                 picture size; default 1280x720
+  --set KEY=VALUE            any line of a project file, applied after FILE; may be repeated
+  --config PATH              another per-user configuration file
+  --no-config                no configuration file
+  --quiet                    no progress and no diagnostic lines
+  --verbose                  say more
+  --help                     this text
+  --version                  the version
+
+Exit status: 0 done, 1 something failed (said on standard error), 2 wrong usage, 130 interrupted.
+)";
+}

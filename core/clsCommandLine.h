@@ -1,0 +1,37 @@
+#pragma once
+
+#include <wx/string.h>
+
+#include <optional>
+#include <vector>
+
+/// Frames to do: first, last and step.
+struct FrameRange_cls {
+    int mFirst = 0;
+    int mLast = 0;
+    int mStep = 1;
+
+    /// "A", "A:B" or "A:B:STEP".
+    static std::optional<FrameRange_cls> Parse(const wxString& text);
+};
+
+/// What the command line asks for. Plain data; nothing is opened here.
+struct CommandLine_cls {
+    enum class Action { Window, Info, Render, Save, Help, Version };
+
+    Action mAction = Action::Window;
+    wxString mFile;     ///< a project or the first file of a series; empty when none is given
+    wxString mPattern;  ///< of the pictures of --render
+    wxString mProject;  ///< of --save
+    std::optional<FrameRange_cls> mFrames;
+    int mWidth = 1280;
+    int mHeight = 720;
+    std::vector<wxString> mSettings;  ///< KEY=VALUE lines in order
+    std::optional<wxString> mConfig;  ///< the configuration file; empty string: none
+    bool mQuiet = false;
+    bool mVerbose = false;
+
+    /// Null with a line for the user when the usage is wrong.
+    static std::optional<CommandLine_cls> Parse(int argc, char** argv, wxString* error);
+    static const char* HelpText();
+};

@@ -1,0 +1,53 @@
+#include <wx/init.h>
+#include <wx/log.h>
+
+#include <clocale>
+#include <cstdio>
+#include <filesystem>
+
+#include "core/clsBatch.h"
+#include "core/clsCommandLine.h"
+#include "output/clsImageFile.h"
+#include "seam/clsTextCoding.h"
+#include "seam/clsUserMessage.h"
+
+namespace {
+
+wxString ProgramFolder() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? wxString(".") : FromBytes(program.parent_path().string());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Texts may follow the user's language, numbers in files never do.
+    std::setlocale(LC_ALL, "");
+    std::setlocale(LC_NUMERIC, "C");
+    InstallFileNameConversion();
+
+    wxString error;
+    const auto line = CommandLine_cls::Parse(argc, argv, &error);
+    if (!line) {
+        PrintError(error + " (see varnholt3 --help)");
+        return Batch_cls::kWrongUsage;
+    }
+    switch (line->mAction) {
+        case CommandLine_cls::Action::Help:
+            std::fputs(CommandLine_cls::HelpText(), stdout);
+            return Batch_cls::kDone;
+        case CommandLine_cls::Action::Version:
+            std::puts("varnholt3 " VARNHOLT_VERSION);
+            return Batch_cls::kDone;
+        case CommandLine_cls::Action::Window:
+            PrintError("one of --info, --render and --save is needed (see varnholt3 --help)");
+            return Batch_cls::kWrongUsage;
+        default:
+            break;
+    }
+    const wxInitializer wx;
+    wxLog::SetActiveTarget(new wxLogStderr);
+    ImageFile_cls::InitHandlers();
+    return Batch_cls(*line, ProgramFolder()).Run();
+}

@@ -1,0 +1,58 @@
+#include "render/clsGLDrawData.h"
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "render/clsOpenGL.h"
+
+namespace {
+
+struct ColouredPoint {
+    float position[3];
+    uint8_t colour[4];
+};
+
+/// Types 0 to 4: told apart by hue and by lightness.
+constexpr std::array<std::array<uint8_t, 4>, 5> kTypeColour = {{{255, 196, 120, 255},
+                                                                {110, 175, 255, 255},
+                                                                {255, 120, 90, 255},
+                                                                {150, 235, 215, 255},
+                                                                {215, 150, 255, 255}}};
+
+std::vector<ColouredPoint> MakePoints(std::span<const float> positions, std::span<const uint8_t> types) {
+    std::vector<ColouredPoint> points;
+    points.reserve(types.size());
+    for (size_t i = 0; i < types.size(); ++i) {
+        const float* p = &positions[3 * i];
+        if (!std::isfinite(p[0]) || !std::isfinite(p[1]) || !std::isfinite(p[2])) continue;
+        const auto& c = kTypeColour[types[i] < kTypeColour.size() ? types[i] : 0];
+        points.push_back({{p[0], p[1], p[2]}, {c[0], c[1], c[2], c[3]}});
+    }
+    return points;
+}
+
+}  // namespace
+
+void GLDrawData_cls::GLDrawPointAll(std::span<const float> positions, std::span<const uint8_t> types,
+                                    float pointSize) {
+    const std::vector<ColouredPoint> points = MakePoints(positions, types);
+    if (points.empty()) return;
+
+    glPushAttrib(GL_ENABLE_BIT | GL_POINT_BIT | GL_COLOR_BUFFER_BIT);
+    glEnable(GL_DEPTH_TEST);
+    // Round points: the corners of the square are cut off by their coverage.
+    glEnable(GL_POINT_SMOOTH);
+    glEnable(GL_ALPHA_TEST);
+    glAlphaFunc(GL_GREATER, 0.5F);
+    glPointSize(pointSize);
+
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glEnableClientState(GL_COLOR_ARRAY);
+    glVertexPointer(3, GL_FLOAT, sizeof(ColouredPoint), points.data()->position);
+    glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(ColouredPoint), points.data()->colour);
+    glDrawArrays(GL_POINTS, 0, static_cast<GLsizei>(points.size()));
+    glDisableClientState(GL_COLOR_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
+    glPopAttrib();
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "render/clsPositionAndDirection.h"
+
+/// The projection of a view: perspective or orthographic, its angle and depth range, the size of the window
+/// and of the picture that is cut from it. Angles in degrees, sizes in pixels, distances in data lengths.
+class GLPerspective_cls {
+  public:
+    GLPerspective_cls(int width, int height, double angle, double near, double far);
+
+    double GetAspectRatio() const { return static_cast<double>(mWindowWidth) / mWindowHeight; }
+    double GetClipAspectRatio() const { return static_cast<double>(mClipWidth) / mClipHeight; }
+    void SetWindowSize(int width, int height);
+    void SetClipSize(int width, int height);
+    void SetPerspectiveFlag(bool perspective) { mPerspective = perspective; }
+    void SetOrientationFlag(bool byWidth) { mOrthoByWidth = byWidth; }
+
+    /// The angle that the perspective projection is loaded with, in both directions.
+    double GetProjectionAngle() const;
+
+    /// Half extents of the orthographic box for a camera at this distance from its anchor.
+    struct OrthoExtent {
+        double x;
+        double y;
+    };
+    OrthoExtent GetOrthoExtent(const PositionAndDirection_cls& camera) const;
+
+    /// Viewport of the whole window, and the projection matrix selected and reset.
+    void SetViewportOnGL() const;
+    /// Loads the projection. A perspective one covers a square of the window's longer side, so the viewport
+    /// becomes that square around the window: pixels stay square and the picture keeps its angle.
+    void SetPerspectiveOnGL(const PositionAndDirection_cls& camera) const;
+
+  private:
+    bool mPerspective = true;
+    bool mOrthoByWidth = false;
+    double mAngle;
+    double mNear;
+    double mFar;
+    int mWindowWidth;
+    int mWindowHeight;
+    int mClipWidth;
+    int mClipHeight;
+};

@@ -1,0 +1,54 @@
+#include "render/clsOffscreenBuffer.h"
+
+#include <algorithm>
+
+#include "render/clsOpenGL.h"
+
+std::unique_ptr<OffscreenBuffer_cls> OffscreenBuffer_cls::Create(int width, int height) {
+    GLint largest = 0;
+    glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &largest);
+    if (width < 1 || height < 1 || width > largest || height > largest) return nullptr;
+
+    std::unique_ptr<OffscreenBuffer_cls> buffer(new OffscreenBuffer_cls(width, height));
+    glGenFramebuffers(1, &buffer->mFrameBuffer);
+    glGenRenderbuffers(1, &buffer->mColour);
+    glGenRenderbuffers(1, &buffer->mDepthStencil);
+
+    glBindRenderbuffer(GL_RENDERBUFFER, buffer->mColour);
+    glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
+    glBindRenderbuffer(GL_RENDERBUFFER, buffer->mDepthStencil);
+    glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH24_STENCIL8, width, height);
+
+    buffer->Bind();
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, buffer->mColour);
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_STENCIL_ATTACHMENT, GL_RENDERBUFFER,
+                              buffer->mDepthStencil);
+    if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) return nullptr;
+    return buffer;
+}
+
+OffscreenBuffer_cls::~OffscreenBuffer_cls() {
+    glBindFramebuffer(GL_FRAMEBUFFER, 0);
+    glDeleteFramebuffers(1, &mFrameBuffer);
+    glDeleteRenderbuffers(1, &mColour);
+    glDeleteRenderbuffers(1, &mDepthStencil);
+}
+
+void OffscreenBuffer_cls::Bind() const {
+    glBindFramebuffer(GL_FRAMEBUFFER, mFrameBuffer);
+}
+
+std::vector<uint8_t> OffscreenBuffer_cls::ReadRGB() const {
+    const size_t row = 3 * static_cast<size_t>(mWidth);
+    std::vector<uint8_t> pixels(row * static_cast<size_t>(mHeight));
+    Bind();
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadPixels(0, 0, mWidth, mHeight, GL_RGB, GL_UNSIGNED_BYTE, pixels.data());
+    // OpenGL's first row is the lowest.
+    for (size_t low = 0, high = static_cast<size_t>(mHeight) - 1; low < high; ++low, --high) {
+        std::swap_ranges(pixels.begin() + static_cast<ptrdiff_t>(low * row),
+                         pixels.begin() + static_cast<ptrdiff_t>((low + 1) * row),
+                         pixels.begin() + static_cast<ptrdiff_t>(high * row));
+    }
+    return pixels;
+}

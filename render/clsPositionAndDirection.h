@@ -1,0 +1,17 @@
+#pragma once
+
+#include <array>
+
+using Vector3 = std::array<double, 3>;
+
+/// A camera pose. Direction and up are unit vectors; the anchor is the point that the camera turns about.
+/// Units: the data's own lengths.
+struct PositionAndDirection_cls {
+    Vector3 mPosition{0.0, 0.0, 10.0};
+    Vector3 mDirection{0.0, 0.0, -1.0};
+    Vector3 mUp{0.0, 1.0, 0.0};
+    Vector3 mAnchor{0.0, 0.0, 0.0};
+
+    /// Multiplies the current matrix by the view of this pose.
+    void LookOnGL() const;
+};

@@ -1,0 +1,55 @@
+#include "render/clsScenePass.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "render/clsFitToData.h"
+#include "render/clsGLDrawData.h"
+#include "render/clsOpenGL.h"
+
+namespace {
+
+constexpr double kViewAngle = 35.0;
+
+/// Points small enough to tell many particles apart and large enough to see few.
+float PointSizeFor(size_t particles, int height) {
+    const double spacing = height / std::sqrt(static_cast<double>(std::max<size_t>(particles, 1)));
+    return static_cast<float>(std::clamp(0.4 * spacing, 1.5 * std::max(1.0, height / 720.0), height / 40.0));
+}
+
+}  // namespace
+
+std::unique_ptr<ScenePass_cls> ScenePass_cls::Create(int width, int height, wxString* why) {
+    auto context = OffscreenContext_cls::Create(why);
+    if (!context) return nullptr;
+    auto buffer = OffscreenBuffer_cls::Create(width, height);
+    if (!buffer) {
+        *why = wxString::Format("OpenGL has no frame buffer of %d x %d pixels", width, height);
+        return nullptr;
+    }
+    return std::unique_ptr<ScenePass_cls>(new ScenePass_cls(std::move(context), std::move(buffer)));
+}
+
+void ScenePass_cls::FitTo(std::span<const float> positions) {
+    const DataBounds_cls bounds = DataBounds_cls::Of(positions);
+    mCamera = FitCamera(bounds, kViewAngle);
+    const double distance = mCamera.mPosition[2] - mCamera.mAnchor[2];
+    // Data of any unit: the depth range follows the distance.
+    mNear = 0.003 * distance;
+    mFar = 100.0 * distance;
+}
+
+std::vector<uint8_t> ScenePass_cls::Draw(std::span<const float> positions, std::span<const uint8_t> types) {
+    mBuffer->Bind();
+    GLPerspective_cls perspective(mBuffer->GetWidth(), mBuffer->GetHeight(), kViewAngle, mNear, mFar);
+    perspective.SetViewportOnGL();
+    perspective.SetPerspectiveOnGL(mCamera);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    mCamera.LookOnGL();
+
+    glClearColor(0.02F, 0.02F, 0.035F, 1.0F);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    GLDrawData_cls().GLDrawPointAll(positions, types, PointSizeFor(types.size(), mBuffer->GetHeight()));
+    return mBuffer->ReadRGB();
+}
