@@ -90,6 +90,28 @@ TEST(RenderGLTest, PartsOfAFilmRenderedApartAreTheSameFiles) {
     }
 }
 
+TEST(RenderGLTest, TheDemosFormatsHoldTheSamePicture) {
+    const TempFolder_cls folder;
+    const auto make = [&](const std::string& options) {
+        return std::system((VARNHOLT_GENERATOR " --particles 3000 --snapshots 2 " + options + " " +
+                            folder.Path().string() + " >" + folder.File("log"))
+                               .c_str());
+    };
+    ASSERT_EQ(make("--format binary --name bin"), 0);
+    ASSERT_EQ(make("--format text --name txt"), 0);
+    ASSERT_EQ(make("--format binary --shuffle --name shuffled"), 0);
+    const auto picture = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), {"--render", "p.png", "--frames", "1", "--size", "200x100"});
+        const auto run = RunProgram(arguments, folder.Path());
+        EXPECT_EQ(run.status, 0) << run.err;
+        return ReadWholeFile(folder.File("p.png"));
+    };
+    const std::string fromBinary = picture({"bin0000.dat"});
+    EXPECT_GT(fromBinary.size(), 500U);
+    EXPECT_EQ(fromBinary, picture({"txt0000.txt", "--set", "DataLoadDataType=1"}));
+    EXPECT_NE(ReadWholeFile(folder.File("bin0001.dat")), ReadWholeFile(folder.File("shuffled0001.dat")));
+}
+
 TEST(RenderGLTest, WhatCannotBeWrittenLeavesNothingBehind) {
     const TempFolder_cls folder;
     for (const char* name : {"s0000.dat", "s0001.dat"})
