@@ -23,7 +23,7 @@ BinaryReader_cls::BinaryReader_cls(const GrammerBase_cls& grammer) : mRecordByte
     size_t offset = 0;
     for (const int code : grammer.GetBodyGrammer()) {
         mItems.push_back({code, offset});
-        offset += 4 * GrammerBase_cls::BodyUnits(code);
+        offset += size_t{4} * GrammerBase_cls::BodyUnits(code);
     }
 }
 

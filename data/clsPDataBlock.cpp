@@ -14,7 +14,7 @@ const DataLoader_cls* PDataBlock_cls::mspCDataLoaderLink = nullptr;
 namespace {
 
 /// Text headers are read from the first bytes of the file; 30 lines of the longest kind fit.
-constexpr size_t kTextHeaderByte = 64 * 1024;
+constexpr size_t kTextHeaderByte = 65536;
 
 SnapshotHeader_cls ParseHeader(const InputFile_cls& file, const DataLoader_cls& loader) {
     std::string bytes(loader.IsText() ? kTextHeaderByte : loader.GetHeaderByte(), '\0');

@@ -64,7 +64,7 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
             default:
                 break;
         }
-        position += GrammerBase_cls::HeadUnits(code) * 4;
+        position += size_t{4} * GrammerBase_cls::HeadUnits(code);
     }
     return header;
 }

@@ -9,7 +9,7 @@
 namespace {
 
 /// Pieces of this size stay in the processor's cache between reading and cutting.
-constexpr size_t kPieceByte = 640 * 1024;
+constexpr size_t kPieceByte = 655360;
 
 }  // namespace
 

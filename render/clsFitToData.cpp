@@ -30,7 +30,7 @@ DataBounds_cls DataBounds_cls::Of(std::span<const float> positions) {
     if (samples.empty()) return bounds;
 
     const auto rank = [&](double share) {
-        return static_cast<ptrdiff_t>(share * static_cast<double>(samples.size() - 1) + 0.5);
+        return static_cast<ptrdiff_t>(std::lround(share * static_cast<double>(samples.size() - 1)));
     };
     for (size_t axis = 0; axis < 3; ++axis) {
         const auto less = [axis](const Vector3& a, const Vector3& b) { return a[axis] < b[axis]; };
