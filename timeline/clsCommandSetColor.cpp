@@ -23,7 +23,6 @@ void SetColorCommand(const wxString& name, std::span<float> setting, const Color
     Color4 before = color;
     std::copy_n(setting.begin(), std::min(setting.size(), before.size()), before.begin());
     if (before == color) return;
-    GCUndoList.PushAndExec(
-        std::make_unique<CommandSetColor_cls>(name, setting, color, updateBits, changed),
-        std::make_unique<CommandSetColor_cls>(name, setting, before, updateBits, changed));
+    GCUndoList.PushAndExec(std::make_unique<CommandSetColor_cls>(name, setting, color, updateBits, changed),
+                           std::make_unique<CommandSetColor_cls>(name, setting, before, updateBits, changed));
 }

@@ -25,7 +25,7 @@ class CommandSetColor_cls final : public CommandItem_cls {
     const std::function<void()> mChanged;
 };
 
-/// Sets a colour undoably; without a step when it is this one already. Floats beyond the fourth are left alone.
-/// `changed` is called after every change, undone ones included.
+/// Sets a colour undoably; without a step when it is this one already. Floats beyond the fourth are left
+/// alone. `changed` is called after every change, undone ones included.
 void SetColorCommand(const wxString& name, std::span<float> setting, const Color4& color, int updateBits,
                      const std::function<void()>& changed = {});

@@ -48,6 +48,8 @@ class Parameters_cls {
     void SetID(const wxString& identifier) { mIdentifier = identifier; }
     /// The group that holds it, null for a single parameter.
     const ParamGroup_cls* GetGroup() const { return mGroup; }
+    /// Expires with the parameter, for undo commands, which may outlive it.
+    std::weak_ptr<const void> GetLife() const { return mLife; }
 
     // Evaluation
     // -----------------------------------------------------------------------------------------------
@@ -204,4 +206,5 @@ class Parameters_cls {
     ConfItemBOOL_cls mTimeDepend;
     ConfItemINT_cls mPeriodic;
     double mCurrentValue = 0.0;
+    const std::shared_ptr<const void> mLife = std::make_shared<char>();
 };

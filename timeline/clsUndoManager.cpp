@@ -20,7 +20,8 @@ void UndoManager_cls::PushNewCommand(Command doCommand, Command undoCommand) {
     Trim(1);
 }
 
-// Walking the list -------------------------------------------------------------------------------------------
+// Walking the list
+// -------------------------------------------------------------------------------------------
 
 /// Runs the command at the cursor and moves the cursor on. False when the walk must stop here: at the end of
 /// the list, or because the command has cleared it.
@@ -109,14 +110,21 @@ void UndoManager_cls::SkipCurrent() {
     if (mRunning || !CanRedo()) return;
     do {
         const size_t i = mHistory.GetCursor();
+        CommandItem_cls& command = *mHistory.At(i).doCommand;
         // Markers change nothing but the depth, which must be right behind the skipped entries too.
-        if (mHistory.GetType(i) != CommandItem_cls::kOrdinary) mHistory.At(i).doCommand->Execute(false);
+        if (command.GetCommandType() == CommandItem_cls::kOrdinary) {
+            command.UpdateBit();
+        } else {
+            command.Execute(false);
+        }
         mHistory.SetCursor(i + 1);
     } while (mBlockDepth > 0 && CanRedo());
     DropLongStep();
+    if (mBlockDepth == 0) ExecUpdate();
 }
 
-// Blocks -----------------------------------------------------------------------------------------------------
+// Blocks
+// -----------------------------------------------------------------------------------------------------
 
 void UndoManager_cls::OpenBlock(const wxString& name) {
     if (mRunning) return;
@@ -143,7 +151,8 @@ void UndoManager_cls::ChangeBlockDepth(int change) {
     mBlockDepth = std::max(0, mBlockDepth + change);
 }
 
-// Taking entries out -----------------------------------------------------------------------------------------
+// Taking entries out
+// -----------------------------------------------------------------------------------------
 
 void UndoManager_cls::Erase(size_t i) {
     if (mDrag && i < mDrag->start) --mDrag->start;
@@ -189,7 +198,8 @@ void UndoManager_cls::DropLongStep() {
     mStepTooLong = false;
 }
 
-// Drags ------------------------------------------------------------------------------------------------------
+// Drags
+// ------------------------------------------------------------------------------------------------------
 
 void UndoManager_cls::BeginDrag(const wxString& name) {
     if (mRunning) return;
@@ -213,7 +223,8 @@ void UndoManager_cls::EndDrag() {
     if (severalSteps && mBlockDepth == 0 && !mStepTooLong) {
         mHistory.InsertDone(drag.start,
                             {std::make_unique<ComBlockOpen>(drag.name), std::make_unique<ComBlockClose>()});
-        mHistory.InsertDone(GetCursor(), {std::make_unique<ComBlockClose>(), std::make_unique<ComBlockOpen>()});
+        mHistory.InsertDone(GetCursor(),
+                            {std::make_unique<ComBlockClose>(), std::make_unique<ComBlockOpen>()});
         Trim(0);
     }
     DropLongStep();
@@ -225,7 +236,8 @@ void UndoManager_cls::CancelDrag() {
     ExecUpdate();
 }
 
-// What the menus show ----------------------------------------------------------------------------------------
+// What the menus show
+// ----------------------------------------------------------------------------------------
 
 wxString UndoManager_cls::GetUndoName() const {
     return mHistory.GetStepName(mHistory.StepBegin(GetCursor(), mBlockDepth), GetCursor());
@@ -243,7 +255,8 @@ int UndoManager_cls::GetRedoCommandType(size_t i) const {
     return i < GetSize() ? mHistory.At(i).doCommand->GetCommandType() : -1;
 }
 
-// Refreshing -------------------------------------------------------------------------------------------------
+// Refreshing
+// -------------------------------------------------------------------------------------------------
 
 int UndoManager_cls::AddObserver(Observer observer) {
     mObservers.emplace_back(++mNextObserver, std::move(observer));

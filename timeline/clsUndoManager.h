@@ -15,13 +15,11 @@
 /// Bounds: the list holds kMaxEntries entries and drops its oldest whole steps beyond that. A single step
 /// that is longer than the whole list is carried out but cannot be undone: it empties the list, since half of
 /// it could only be undone into a state that never was.
-/// Sequences that make no sense stay harmless: a close without an open block is ignored, an undo inside an open
-/// block closes it and takes it back whole.
-/// A command that pushes while it runs: what it pushes and executes is run as a part of it and leaves no entry
-/// (the pushing command's own undo answers for it); its blocks, undos and skips are ignored, and Clear() waits
-/// until it has returned.
-/// A command that throws: the whole step is taken back, the list stands as before, the exception goes on.
-/// Threads: GUI thread only.
+/// Sequences that make no sense stay harmless: a close without an open block is ignored, an undo inside an
+/// open block closes it and takes it back whole. A command that pushes while it runs: what it pushes and
+/// executes is run as a part of it and leaves no entry (the pushing command's own undo answers for it); its
+/// blocks, undos and skips are ignored, and Clear() waits until it has returned. A command that throws: the
+/// whole step is taken back, the list stands as before, the exception goes on. Threads: GUI thread only.
 class UndoManager_cls {
   public:
     using Command = UndoHistory_cls::Command;
@@ -31,7 +29,8 @@ class UndoManager_cls {
     UndoManager_cls(const UndoManager_cls&) = delete;
     UndoManager_cls& operator=(const UndoManager_cls&) = delete;
 
-    // Recording ------------------------------------------------------------------------------------------------
+    // Recording
+    // ------------------------------------------------------------------------------------------------
 
     /// Drops the redo history and appends the pair. Runs nothing.
     void PushNewCommand(Command doCommand, Command undoCommand);
@@ -40,12 +39,13 @@ class UndoManager_cls {
         PushNewCommand(std::move(doCommand), std::move(undoCommand));
         ExecCurrent();
     }
-    /// Redoes one step, or runs the pair just pushed: the command at the cursor, and while a block is open the
-    /// ones after it. Out of blocks the refreshing follows.
+    /// Redoes one step, or runs the pair just pushed: the command at the cursor, and while a block is open
+    /// the ones after it. Out of blocks the refreshing follows.
     void ExecCurrent();
     /// Takes back one step. At the beginning of the list nothing happens.
     void UndoCurrent();
-    /// As ExecCurrent(), but the commands are not run: the caller has made the changes itself.
+    /// As ExecCurrent(), but the commands are not run: the caller has made the changes itself. What they
+    /// would have refreshed is refreshed.
     void SkipCurrent();
 
     /// The name stands in the Edit menu; without one the step bears its first command's.
@@ -58,7 +58,8 @@ class UndoManager_cls {
     /// A new or closed project: forgets everything, and the present state counts as saved.
     void Clear();
 
-    // A drag: all changes between BeginDrag() and EndDrag() are one step, however many the mouse sends -----------
+    // A drag: all changes between BeginDrag() and EndDrag() are one step, however many the mouse sends
+    // -----------
 
     /// Begins a drag; one still under way ends. The views follow each change of the drag as it comes.
     void BeginDrag(const wxString& name = {});
@@ -70,7 +71,8 @@ class UndoManager_cls {
     /// RestartDrag() and EndDrag(), for the Escape key.
     void CancelDrag();
 
-    // What the menus show --------------------------------------------------------------------------------------
+    // What the menus show
+    // --------------------------------------------------------------------------------------
 
     bool CanUndo() const { return mHistory.GetCursor() > 0; }
     bool CanRedo() const { return mHistory.GetCursor() < mHistory.GetSize(); }
@@ -79,8 +81,8 @@ class UndoManager_cls {
     wxString GetRedoName() const;
     /// The project has just been written.
     void MarkSaved() { mHistory.MarkSaved(); }
-    /// True when the project differs from the one last written. Undoing back to that state makes it false again,
-    /// unless that state has left the list.
+    /// True when the project differs from the one last written. Undoing back to that state makes it false
+    /// again, unless that state has left the list.
     bool IsModified() const { return mHistory.IsModified(); }
 
     size_t GetSize() const { return mHistory.GetSize(); }
@@ -91,7 +93,8 @@ class UndoManager_cls {
     int GetUndoCommandType(size_t i) const;
     int GetRedoCommandType(size_t i) const;
 
-    // Refreshing -----------------------------------------------------------------------------------------------
+    // Refreshing
+    // -----------------------------------------------------------------------------------------------
 
     using Observer = std::function<void(std::uint64_t updateBits)>;
     /// Returns a number to remove it by. An observer is called with bits of CommandItem_cls::Update.
