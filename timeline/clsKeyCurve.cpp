@@ -22,13 +22,41 @@ double KeyCurve_cls::Evaluate(double t, double resolution) const {
 }
 
 size_t KeyCurve_cls::FindSegment(double t, double resolution) const {
-    if (mKeys.empty()) return 0;
-    // The very subtraction and comparison of the rule: with sorted times it holds from one key on, so halving
-    // finds the same key as a scan, rounding and odd resolutions included.
+    const size_t n = mKeys.size();
+    if (n < 2) return 0;
+    // The very subtraction and comparison of the rule. With sorted times it holds from one key on, so any search
+    // for that key finds what a scan finds, rounding and odd resolutions included.
     const double halfStep = 0.5 * resolution;
-    const auto next = std::partition_point(
-        mKeys.begin() + 1, mKeys.end(), [&](const KeyFrame_cls& key) { return !(key.mTime - halfStep > t); });
-    return static_cast<size_t>(next - mKeys.begin()) - 1;
+    const auto isBehind = [&](size_t i) { return mKeys[i].mTime - halfStep > t; };
+
+    // Keys lie about evenly: start where t would be then, go on in growing steps until it is passed, and halve
+    // what is left. Key `low` is not behind t, key `high` is.
+    const double share = (t - mKeys.front().mTime) / (mKeys.back().mTime - mKeys.front().mTime);
+    const double guess = share * static_cast<double>(n - 1);
+    size_t low = 0;
+    size_t high = n;
+    const size_t start = guess >= 1.0 ? std::min(static_cast<size_t>(guess), n - 1) : 1;
+    size_t step = 1;
+    if (isBehind(start)) {
+        high = start;
+        while (high > step && isBehind(high - step)) {
+            high -= step;
+            step *= 2;
+        }
+        if (high > step) low = high - step;
+    } else {
+        low = start;
+        while (n - low > step && !isBehind(low + step)) {
+            low += step;
+            step *= 2;
+        }
+        if (n - low > step) high = low + step;
+    }
+    while (high - low > 1) {
+        const size_t middle = low + (high - low) / 2;
+        (isBehind(middle) ? high : low) = middle;
+    }
+    return low;
 }
 
 double KeyCurve_cls::Linear(double s, size_t i) const {

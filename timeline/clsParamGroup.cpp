@@ -1,6 +1,7 @@
 #include "timeline/clsParamGroup.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "seam/clsLineStream.h"
 #include "seam/clsTextCoding.h"
@@ -54,10 +55,9 @@ bool ParamGroup_cls::AddChild(ParamGroup_cls& child) {
     return true;
 }
 
-ParamGroup_cls& ParamGroup_cls::AddOwnedChild(std::unique_ptr<ParamGroup_cls> child) {
-    ParamGroup_cls& added = *child;
-    if (AddChild(added)) mOwned.push_back(std::move(child));
-    return added;
+ParamGroup_cls* ParamGroup_cls::AddOwnedChild(std::unique_ptr<ParamGroup_cls> child) {
+    if (!child || !AddChild(*child)) return nullptr;
+    return mOwned.emplace_back(std::move(child)).get();
 }
 
 void ParamGroup_cls::RemoveChild(ParamGroup_cls& child) {
@@ -114,6 +114,7 @@ void ParamGroup_cls::SetKeyFrame(const double* values, bool addKey, double t, do
 }
 
 void ParamGroup_cls::SetOne(Parameters_cls& parameter, double value, bool addKey, double time, double range) {
+    if (!std::isfinite(value)) return;
     parameter.SetCurrentValue(value);
     int index = 0;
     if (parameter.IsTimeDependent() || parameter.GetKeyNumber() == 0) {

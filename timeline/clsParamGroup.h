@@ -39,7 +39,8 @@ class ParamGroup_cls {
     /// Links a group that someone else owns. False, and nothing changed, for one that has a parent already,
     /// the group itself or one it hangs under.
     bool AddChild(ParamGroup_cls& child);
-    ParamGroup_cls& AddOwnedChild(std::unique_ptr<ParamGroup_cls> child);
+    /// The same with a group that becomes this one's; null, and it is destroyed, where AddChild() says false.
+    ParamGroup_cls* AddOwnedChild(std::unique_ptr<ParamGroup_cls> child);
     /// Takes the child out of the tree; an owned one is destroyed.
     void RemoveChild(ParamGroup_cls& child);
     const std::vector<ParamGroup_cls*>& GetChildren() const { return mChildren; }

@@ -153,15 +153,13 @@ double Parameters_cls::GetPrevKeyPosDoubleIndex(double t) const {
 // Keys: editing
 // ------------------------------------------------------------------------------------------------
 
-size_t Parameters_cls::Place(const KeyFrame_cls& key, int index) {
-    auto place = std::upper_bound(mKeys.begin(), mKeys.end(), key, IsEarlier);
-    if (index >= 0 && index <= GetKeyNumber()) {
-        const auto wanted = mKeys.begin() + index;
-        const bool afterBefore = wanted == mKeys.begin() || !(*(wanted - 1) > key);
-        const bool beforeAfter = wanted == mKeys.end() || !(key > *wanted);
-        if (afterBefore && beforeAfter) place = wanted;
-    }
-    return static_cast<size_t>(mKeys.insert(place, key) - mKeys.begin());
+size_t Parameters_cls::PlaceAmongEquals(size_t place, int index) {
+    if (!HasKey(index) || mKeys[static_cast<size_t>(index)].mTime != mKeys[place].mTime) return place;
+    const auto from = mKeys.begin() + static_cast<std::ptrdiff_t>(place);
+    const auto to = mKeys.begin() + index;
+    if (to < from) std::rotate(to, from, from + 1);
+    if (to > from) std::rotate(from, from + 1, to + 1);
+    return static_cast<size_t>(index);
 }
 
 void Parameters_cls::AdjustAround(size_t i) {
@@ -190,17 +188,31 @@ int Parameters_cls::SetKey(double time, unsigned int type, double value, double 
 
 int Parameters_cls::AddKey(const KeyFrame_cls& key, int index) {
     if (!key.IsFinite()) return -1;
-    const size_t place = Place(key, index);
+    const auto added = mKeys.insert(std::upper_bound(mKeys.begin(), mKeys.end(), key, IsEarlier), key);
+    const size_t place = PlaceAmongEquals(static_cast<size_t>(added - mKeys.begin()), index);
     AdjustAround(place);
     Changed();
     return static_cast<int>(place);
 }
 
-int Parameters_cls::OverwriteKey(int i, const KeyFrame_cls& key) {
+int Parameters_cls::OverwriteKey(int i, const KeyFrame_cls& key, int index) {
     if (!HasKey(i) || !key.IsFinite()) return -1;
-    mKeys.erase(mKeys.begin() + i);
+    const auto at = mKeys.begin() + i;
+    *at = key;
+    // It passes the keys that it has to and no more.
+    auto to = std::upper_bound(mKeys.begin(), at, key, IsEarlier);
+    if (to != at) {
+        std::rotate(to, at, at + 1);
+    } else {
+        const auto after = std::lower_bound(at + 1, mKeys.end(), key, IsEarlier);
+        std::rotate(at, at + 1, after);
+        to = after - 1;
+    }
+    const size_t place = PlaceAmongEquals(static_cast<size_t>(to - mKeys.begin()), index);
     AdjustAround(static_cast<size_t>(i));
-    return AddKey(key, i);
+    AdjustAround(place);
+    Changed();
+    return static_cast<int>(place);
 }
 
 int Parameters_cls::InsertKey(double t) {
@@ -227,24 +239,20 @@ bool Parameters_cls::DeleteKey(int i) {
 }
 
 int Parameters_cls::DeleteSelectedKey() {
-    const size_t before = mKeys.size();
-    const bool all = GetSelectedKeyNum() == GetKeyNumber();
-    std::erase_if(mKeys, [&, first = all](const KeyFrame_cls& key) mutable {
-        return !std::exchange(first, false) && key.mSelected;
-    });
-    if (mKeys.size() == before) return 0;
-    AdjustAutoControl();
-    Changed();
-    return static_cast<int>(before - mKeys.size());
+    std::vector<KeyFrame_cls> left;
+    std::copy_if(mKeys.begin(), mKeys.end(), std::back_inserter(left),
+                 [](const KeyFrame_cls& key) { return !key.mSelected; });
+    if (left.empty() && !mKeys.empty()) left.push_back(mKeys.front());
+    const int deleted = GetKeyNumber() - static_cast<int>(left.size());
+    if (deleted > 0) Replace(std::move(left));
+    return deleted;
 }
 
 int Parameters_cls::MoveKey(int i, double time, int index) {
-    if (!HasKey(i) || !std::isfinite(time)) return -1;
+    if (!HasKey(i)) return -1;
     KeyFrame_cls key = mKeys[static_cast<size_t>(i)];
     key.mTime = time;
-    mKeys.erase(mKeys.begin() + i);
-    AdjustAround(static_cast<size_t>(i));
-    return AddKey(key, index);
+    return OverwriteKey(i, key, index);
 }
 
 void Parameters_cls::MoveSelectedKey(double timeOffset, double valueOffset) {
@@ -319,19 +327,20 @@ void Parameters_cls::Flip() {
     std::vector<KeyFrame_cls> moved(mKeys.rbegin(), mKeys.rend());
     for (KeyFrame_cls& key : moved) {
         // A time that files can hold stays one, so that flipping twice gives back the same key.
-        const double decimals = std::round(key.mTime / kSameTime);
-        key.mTime = decimals * kSameTime == key.mTime ? (1e9 - decimals) / 1e9 : 1.0 - key.mTime;
+        const double decimals = std::round(key.mTime * 1e9);
+        key.mTime = decimals / 1e9 == key.mTime ? (1e9 - decimals) / 1e9 : 1.0 - key.mTime;
         key.mVelocity = -key.mVelocity;
     }
     Replace(std::move(moved));
 }
 
-void Parameters_cls::Replace(std::vector<KeyFrame_cls> keys) {
-    if (!AllFinite(keys)) return;
+bool Parameters_cls::Replace(std::vector<KeyFrame_cls> keys) {
+    if (!AllFinite(keys)) return false;
     mKeys = std::move(keys);
     SortKey();
     AdjustAutoControl();
     Changed();
+    return true;
 }
 
 Parameters_cls::State Parameters_cls::GetState() const {
@@ -356,18 +365,16 @@ std::vector<KeyFrame_cls> Parameters_cls::GetSelectedKeys() const {
 
 int Parameters_cls::PasteKeys(const std::vector<KeyFrame_cls>& keys, double offset) {
     if (keys.empty()) return 0;
-    DeselectAll();
     std::vector<KeyFrame_cls> merged = mKeys;
+    for (KeyFrame_cls& key : merged) key.mSelected = false;
     for (KeyFrame_cls key : keys) {
         key.mTime += offset;
         key.mSelected = true;
-        if (const int existing = FindKey(key.mTime); existing >= 0)
-            merged[static_cast<size_t>(existing)] = key;
-        else
-            merged.push_back(key);
+        const int existing = FindKey(key.mTime);
+        if (existing < 0) merged.push_back(key);
+        if (existing >= 0) merged[static_cast<size_t>(existing)] = key;
     }
-    Replace(std::move(merged));
-    return static_cast<int>(keys.size());
+    return Replace(std::move(merged)) ? static_cast<int>(keys.size()) : 0;
 }
 
 void Parameters_cls::CopyKeyFrameToClipBoard() const {

@@ -98,11 +98,12 @@ class Parameters_cls {
 
     /// Overwrites the key at this time, or adds one. Returns its index.
     int SetKey(double time, unsigned int type, double value, double velocity = 0.0, double easeFactor = 0.0);
-    /// Adds a whole key, even where one is. Among keys of one time it becomes number `index` if that keeps
-    /// the order, else the last. Returns its index.
+    /// Adds a whole key, even where one is: behind the keys of its time, or as number `index` if that is one
+    /// of their places. Returns its index.
     int AddKey(const KeyFrame_cls& key, int index = -1);
-    /// Puts a whole key in place of key i and sorts. Returns its index.
-    int OverwriteKey(int i, const KeyFrame_cls& key);
+    /// Puts a whole key in place of key i. It passes the keys that it must and no more, or comes to `index`
+    /// as in AddKey(). Returns its new index.
+    int OverwriteKey(int i, const KeyFrame_cls& key, int index = -1);
     /// Adds a key on the curve, of the type of the segment it divides. Where a key is already, only returns
     /// it.
     int InsertKey(double t = kCurrentTime);
@@ -110,7 +111,7 @@ class Parameters_cls {
     /// Deletes the selected keys; one key always stays, since a parameter without keys would fall to 0.
     /// Returns the number deleted.
     int DeleteSelectedKey();
-    /// Moves key i to a time and returns its new index. `index` as for AddKey().
+    /// Moves key i to a time, see OverwriteKey(). Returns its new index.
     int MoveKey(int i, double time, int index = -1);
     /// Moves all selected keys by a time and a value.
     void MoveSelectedKey(double timeOffset, double valueOffset);
@@ -189,9 +190,10 @@ class Parameters_cls {
     KeyCurve_cls Curve() const { return {mKeys, mPeriodic.mValue}; }
     /// Recomputes the automatic tangents of key i and its neighbours.
     void AdjustAround(size_t i);
-    size_t Place(const KeyFrame_cls& key, int index);
+    /// Moves the key at `place` among the keys of its time to `index`, if that is one of them.
+    size_t PlaceAmongEquals(size_t place, int index);
     /// Takes all keys anew, unless one of them is not finite.
-    void Replace(std::vector<KeyFrame_cls> keys);
+    bool Replace(std::vector<KeyFrame_cls> keys);
     void Changed() const;
     wxString SegmentExpression(size_t i) const;
     void ReadKeys(LineStream_cls& stream, const wxString& countLine);
