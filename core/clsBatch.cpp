@@ -15,6 +15,8 @@ namespace {
 
 constexpr const char* kConfigName = "Varnholt3Configure.txt";
 
+constexpr int kMissingNamed = 3;
+
 volatile std::sig_atomic_t interrupted = 0;
 
 void OnInterrupt(int) {
@@ -72,8 +74,8 @@ std::unique_ptr<PDataBlock_cls> Batch_cls::Load(int index, PDataSequence_cls::De
     wxString why;
     auto block = mMain.GetSequence().Load(index, depth, &why);
     if (!block) {
-        mAnyFault = true;
-        PrintError(mMain.GetSequence().GetFilename(index) + ": " + why);
+        // Series numbered in steps ("dump.0", "dump.1000") miss most of their members: not a line for each.
+        if (++mMissing <= kMissingNamed) PrintError(mMain.GetSequence().GetFilename(index) + ": " + why);
         return nullptr;
     }
     for (const wxString& problem : block->TakeProblems()) {
@@ -81,6 +83,14 @@ std::unique_ptr<PDataBlock_cls> Batch_cls::Load(int index, PDataSequence_cls::De
         PrintError(problem);
     }
     return block;
+}
+
+int Batch_cls::Outcome() const {
+    if (mMissing > kMissingNamed) {
+        PrintError(wxString::Format(
+            "%d files of the series cannot be opened; files are counted in steps of 1", mMissing));
+    }
+    return mAnyFault || mMissing > 0 ? kFailed : kDone;
 }
 
 int Batch_cls::Info() {
@@ -97,7 +107,7 @@ int Batch_cls::Info() {
                     ToBytes(mMain.GetSequence().GetFilename(i)).c_str());
     }
     std::printf("total: %d snapshots, %lld particles\n", length, particles);
-    return mAnyFault ? kFailed : kDone;
+    return Outcome();
 }
 
 int Batch_cls::Render() {
@@ -145,7 +155,7 @@ int Batch_cls::Render() {
         progress.Step(name);
     }
     progress.End();
-    return mAnyFault ? kFailed : kDone;
+    return Outcome();
 }
 
 int Batch_cls::Save() {

@@ -23,8 +23,11 @@ class Batch_cls {
     /// A snapshot with everything wrong about its file told to the user.
     std::unique_ptr<PDataBlock_cls> Load(int index, PDataSequence_cls::Depth depth);
     bool HasData();
+    /// The exit status of a job that went to its end.
+    int Outcome() const;
 
     CommandLine_cls mLine;
     Main_cls mMain;
     bool mAnyFault = false;
+    int mMissing = 0;
 };

@@ -41,7 +41,8 @@ const option kOptions[] = {{"info", no_argument, nullptr, kInfo},
 /// A whole number without sign or blanks.
 bool ParseNumber(const wxString& text, int* number) {
     unsigned long value = 0;
-    if (text.empty() || text.length() > 9 || !text.ToULong(&value, 10) || !(text[0] >= '0' && text[0] <= '9')) return false;
+    if (text.empty() || text.length() > 9 || !text.ToULong(&value, 10) || !(text[0] >= '0' && text[0] <= '9'))
+        return false;
     *number = static_cast<int>(value);
     return true;
 }

@@ -23,14 +23,21 @@ SnapshotHeader_cls ParseHeader(const InputFile_cls& file, const DataLoader_cls& 
                            : SnapshotHeader_cls::FromBinary(bytes, loader);
 }
 
-/// Particles that fit into the body of the file: exact for binary files, an upper bound for text.
-long long RoomForParticles(const InputFile_cls& file, const DataLoader_cls& loader) {
+int CountTextRecords(const InputFile_cls& file, const DataLoader_cls& loader) {
+    const std::string text = file.ReadRest(0);
+    return AsciiReader_cls::CountRecords(AsciiReader_cls::SkipLines(text, loader.GetHeaderLine()));
+}
+
+/// Particles in the body of the file. Binary: what its size allows. Text: the shortest column is a digit and
+/// a separator; lines are counted only when the number asked for does not fit that way.
+long long ParticlesThere(const InputFile_cls& file, const DataLoader_cls& loader, long long wanted) {
     const auto size = static_cast<long long>(file.GetSize());
-    // The shortest column of a text is a digit and a separator.
-    const long long record = loader.IsText() ? 2LL * loader.GetRecordColumn() : loader.GetRecordByte();
-    const long long header = loader.IsText() ? 0 : loader.GetHeaderByte();
-    if (record == 0 || size <= header) return 0;
-    return (size - header + (loader.IsText() ? 1 : 0)) / record;
+    if (!loader.IsText()) {
+        const long long record = loader.GetRecordByte();
+        return record == 0 ? 0 : std::max(0LL, size - loader.GetHeaderByte()) / record;
+    }
+    if (wanted <= size / (2LL * std::max(1U, loader.GetRecordColumn()))) return wanted;
+    return CountTextRecords(file, loader);
 }
 
 }  // namespace
@@ -71,47 +78,38 @@ void PDataBlock_cls::BoundCount(const SnapshotHeader_cls& header, const InputFil
         }
         return;
     }
-    const long long room = RoomForParticles(file, loader);
-    if (!header.mNumber) {
-        // A layout without a count: the file holds as many particles as fit into it.
-        const long long there = loader.IsText() ? AsciiReader_cls::CountRecords(AsciiReader_cls::SkipLines(
-                                                      file.ReadRest(0), loader.GetHeaderLine()))
-                                                : room;
-        mTarget.mCount = static_cast<int>(std::min<long long>(there, INT_MAX));
-        return;
-    }
-    if (*header.mNumber < 0) {
+    if (header.mNumber && *header.mNumber < 0) {
         Problem(path, wxString::Format("the header says %d particles", *header.mNumber));
         return;
     }
-    mTarget.mCount = static_cast<int>(std::min<long long>(*header.mNumber, room));
-    if (mTarget.mCount == *header.mNumber) return;
+    // A layout without a count: the file holds as many particles as are there.
+    const int wanted = header.mNumber.value_or(INT_MAX);
+    mTarget.mCount = static_cast<int>(std::min<long long>(wanted, ParticlesThere(file, loader, wanted)));
+    if (header.mNumber) ReportMissing(wanted, mTarget.mCount, file, path);
+}
+
+void PDataBlock_cls::ReportMissing(int wanted, int there, const InputFile_cls& file, const wxString& path) {
+    if (there >= wanted) return;
+    const DataLoader_cls& loader = *mspCDataLoaderLink;
     if (loader.IsText()) {
-        Problem(path,
-                wxString::Format("the header says %d particles, the file of %llu bytes has no room for them",
-                                 *header.mNumber, static_cast<unsigned long long>(file.GetSize())));
-    } else {
-        const unsigned long long wanted =
-            loader.GetHeaderByte() +
-            static_cast<unsigned long long>(*header.mNumber) * loader.GetRecordByte();
-        Problem(path,
-                wxString::Format("the header says %d particles (%llu bytes), the file has %llu bytes: %d "
-                                 "particles are there",
-                                 *header.mNumber, wanted, static_cast<unsigned long long>(file.GetSize()),
-                                 mTarget.mCount));
+        Problem(path, wxString::Format("the header says %d particles, the file has %d lines of them", wanted,
+                                       there));
+        return;
     }
+    const unsigned long long bytes =
+        loader.GetHeaderByte() + static_cast<unsigned long long>(wanted) * loader.GetRecordByte();
+    Problem(path, wxString::Format(
+                      "the header says %d particles (%llu bytes), the file has %llu bytes: %d particles "
+                      "are there",
+                      wanted, bytes, static_cast<unsigned long long>(file.GetSize()), there));
 }
 
 void PDataBlock_cls::CheckTextBody(const InputFile_cls& file, const wxString& path) {
     const DataLoader_cls& loader = *mspCDataLoaderLink;
     if (!loader.IsText() || mTarget.mCount <= 0) return;
-    const std::string text = file.ReadRest(0);
-    const int records =
-        AsciiReader_cls::CountRecords(AsciiReader_cls::SkipLines(text, loader.GetHeaderLine()));
-    if (records >= mTarget.mCount) return;
-    Problem(path, wxString::Format("the header says %d particles, the file has %d lines of them",
-                                   mTarget.mCount, records));
-    mTarget.mCount = records;
+    const int there = std::min(mTarget.mCount, CountTextRecords(file, loader));
+    ReportMissing(mTarget.mCount, there, file, path);
+    mTarget.mCount = there;
 }
 
 void PDataBlock_cls::ReadBody(const InputFile_cls& file, const wxString& path) {

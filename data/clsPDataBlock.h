@@ -46,6 +46,7 @@ class PDataBlock_cls {
   private:
     void Allocate(int count);
     void BoundCount(const SnapshotHeader_cls& header, const InputFile_cls& file, const wxString& path);
+    void ReportMissing(int wanted, int there, const InputFile_cls& file, const wxString& path);
     void LoadHeader(const wxString& path, const char* stopWords);
     void Problem(const wxString& path, const wxString& text);
 

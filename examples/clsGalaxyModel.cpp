@@ -10,13 +10,13 @@ namespace {
 struct Galaxy_cls {
     double mMass;
     double mSoftening;
-    double mDiscScale;      // the surface density falls by e over this length
+    double mDiscScale;  // the surface density falls by e over this length
     double mDiscEdge;
     double mDiscThickness;
     double mBulgeScale;
     double mBulgeEdge;
-    double mInclination;    // of the spin against that of the orbit, degrees
-    double mAzimuth;        // the direction in which the spin leans, degrees
+    double mInclination;  // of the spin against that of the orbit, degrees
+    double mAzimuth;      // the direction in which the spin leans, degrees
 };
 
 constexpr std::array<Galaxy_cls, 2> kGalaxies{{
@@ -98,7 +98,11 @@ double BulgeRadius(const Galaxy_cls& galaxy, double share) {
 }  // namespace
 
 GalaxyModel_cls::GalaxyModel_cls(std::size_t particleCount, std::uint64_t seed)
-    : mX(particleCount), mY(particleCount), mZ(particleCount), mVx(particleCount), mVy(particleCount),
+    : mX(particleCount),
+      mY(particleCount),
+      mZ(particleCount),
+      mVx(particleCount),
+      mVy(particleCount),
       mVz(particleCount) {
     PlaceCentres();
     Random_cls random(seed, 0);
@@ -158,7 +162,8 @@ void GalaxyModel_cls::PlaceDiscParticle(std::size_t index, Random_cls& random) {
     // Height and vertical speed are independent, otherwise the whole disc would pulse.
     Place(index, Lean({radius * std::cos(angle), radius * std::sin(angle), height}, galaxy),
           Lean({-radius * revolution * std::sin(angle), radius * revolution * std::cos(angle),
-                heightPhase * revolution}, galaxy));
+                heightPhase * revolution},
+               galaxy));
 }
 
 /// Circular orbits whose planes point everywhere keep the bulge a steady ball.
@@ -261,8 +266,7 @@ void GalaxyModel_cls::DriftBlock(std::size_t begin, std::size_t end, double step
     }
 }
 
-void GalaxyModel_cls::KickBlock(std::size_t begin, std::size_t end, double step,
-                                const Positions& centres) {
+void GalaxyModel_cls::KickBlock(std::size_t begin, std::size_t end, double step, const Positions& centres) {
     for (std::size_t g = 0; g < kGalaxyCount; ++g) {
         const Vector_cls centre = centres[g];
         const double mass = step * kGalaxies[g].mMass;

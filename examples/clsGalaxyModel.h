@@ -32,7 +32,7 @@ static_assert(sizeof(Particle_cls) == 40, "a binary record has 40 bytes without 
 /// G is 1. With lengths in kpc and speeds in 100 km/s a unit of time is 9.8 million years and a unit of
 /// mass 2.3e9 suns.
 class GalaxyModel_cls {
-public:
+  public:
     /// The time from the first picture to the last.
     static constexpr double kDuration = 32.0;
     /// The pictures are taken so that the closest passage falls on this part of the duration.
@@ -49,7 +49,7 @@ public:
     std::size_t ParticleCount() const { return mX.size(); }
     Particle_cls Particle(std::size_t index) const;
 
-private:
+  private:
     enum Type : std::int32_t { kDiscA, kDiscB, kBulgeA, kBulgeB };
 
     static constexpr std::size_t kGalaxyCount = 2;

@@ -17,7 +17,7 @@ std::string Quoted(std::string_view text) {
 
 /// Hands out the arguments one after the other; an option's value stands behind '=' or comes next.
 class Arguments_cls {
-public:
+  public:
     Arguments_cls(int count, const char* const* arguments) : mCount(count), mArguments(arguments) {}
 
     bool Next() {
@@ -70,7 +70,7 @@ public:
         return true;
     }
 
-private:
+  private:
     int mCount;
     const char* const* mArguments;
     int mNext = 1;

@@ -11,7 +11,7 @@
 
 /// The command line cannot be understood.
 class UsageError_cls : public std::runtime_error {
-public:
+  public:
     using std::runtime_error::runtime_error;
 };
 

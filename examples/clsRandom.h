@@ -9,7 +9,7 @@
 /// Random numbers that depend on the seed alone. The engine is fully specified by the standard, the
 /// standard distributions are not: so the bits are turned into numbers here.
 class Random_cls {
-public:
+  public:
     /// The stream keeps apart sequences that are drawn for different purposes from the same seed.
     Random_cls(std::uint64_t seed, std::uint64_t stream) : mEngine(Mix(seed + Mix(stream))) {}
 
@@ -27,7 +27,7 @@ public:
         return length * std::cos(Angle());
     }
 
-private:
+  private:
     /// Neighbouring seeds must not give related sequences.
     static std::uint64_t Mix(std::uint64_t bits) {
         bits += 0x9e3779b97f4a7c15U;

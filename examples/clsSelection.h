@@ -7,7 +7,7 @@
 
 /// Which particles a snapshot holds, and in which order.
 class Selection_cls {
-public:
+  public:
     Selection_cls(std::size_t particleCount, std::size_t snapshotCount, std::uint64_t seed);
 
     /// From now on a share of the particles appears in the first half of the snapshots or disappears in
@@ -19,7 +19,7 @@ public:
 
     std::vector<std::uint32_t> Indices(std::size_t snapshot) const;
 
-private:
+  private:
     struct Presence_cls {
         std::uint32_t mFirst;
         std::uint32_t mEnd;

@@ -28,10 +28,12 @@ constexpr float kBoxHalfWidth = 60.0F;
 
 /// A file under a temporary name, which goes away unless the file is finished.
 class PendingFile_cls {
-public:
+  public:
     explicit PendingFile_cls(std::filesystem::path path)
-        : mPath(std::move(path)), mPendingPath(mPath.native() + ".part"),
-          mFile(std::fopen(mPendingPath.c_str(), "wb")), mBuffer(std::make_unique<char[]>(kBufferSize)) {
+        : mPath(std::move(path)),
+          mPendingPath(mPath.native() + ".part"),
+          mFile(std::fopen(mPendingPath.c_str(), "wb")),
+          mBuffer(std::make_unique<char[]>(kBufferSize)) {
         if (!mFile) {
             Fail("cannot write", mPath, errno);
         }
@@ -83,7 +85,7 @@ public:
         mFinished = true;
     }
 
-private:
+  private:
     struct Close_cls {
         void operator()(std::FILE* file) const { std::fclose(file); }
     };
@@ -135,8 +137,8 @@ void WriteText(PendingFile_cls& file, const Snapshot_cls& snapshot) {
 void WriteDump(PendingFile_cls& file, const Snapshot_cls& snapshot) {
     float halfWidth = kBoxHalfWidth;
     for (const Particle_cls& particle : snapshot.mParticles) {
-        halfWidth = std::max({halfWidth, std::abs(particle.mX), std::abs(particle.mY),
-                              std::abs(particle.mZ)});
+        halfWidth =
+            std::max({halfWidth, std::abs(particle.mX), std::abs(particle.mY), std::abs(particle.mZ)});
     }
     file.Append("ITEM: TIMESTEP\n");
     file.AppendNumber(snapshot.mStep, '\n');
@@ -159,8 +161,7 @@ void WriteDump(PendingFile_cls& file, const Snapshot_cls& snapshot) {
 
 }  // namespace
 
-SnapshotWriter_cls::SnapshotWriter_cls(std::filesystem::path folder, std::string name,
-                                       SnapshotFormat format)
+SnapshotWriter_cls::SnapshotWriter_cls(std::filesystem::path folder, std::string name, SnapshotFormat format)
     : mFolder(std::move(folder)), mName(std::move(name)), mFormat(format) {
     std::error_code error;
     std::filesystem::create_directories(mFolder, error);

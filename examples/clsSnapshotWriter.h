@@ -20,14 +20,14 @@ struct Snapshot_cls {
 
 /// Writes snapshots as numbered files. A file appears under its name only when it is complete.
 class SnapshotWriter_cls {
-public:
+  public:
     /// Makes the folder if it is missing. Throws std::runtime_error with the folder's name.
     SnapshotWriter_cls(std::filesystem::path folder, std::string name, SnapshotFormat format);
 
     /// Throws std::runtime_error with the file's name; nothing is left of that file then.
     void Write(const Snapshot_cls& snapshot) const;
 
-private:
+  private:
     std::filesystem::path FileName(std::size_t number) const;
 
     std::filesystem::path mFolder;

@@ -30,7 +30,7 @@ constexpr int kExitUsage = 2;
 
 /// A line on standard error that says how far things are, for a person who watches.
 class Progress_cls {
-public:
+  public:
     ~Progress_cls() { Show(""); }
 
     void Show(const std::string& text) {
@@ -40,13 +40,13 @@ public:
         }
     }
 
-private:
+  private:
     bool mIsWatched = isatty(STDERR_FILENO) != 0;
 };
 
 template <typename Number>
 class Range_cls {
-public:
+  public:
     void Add(Number number) {
         mLeast = std::min(mLeast, number);
         mMost = std::max(mMost, number);
@@ -59,7 +59,7 @@ public:
         }
     }
 
-private:
+  private:
     Number mLeast = std::numeric_limits<Number>::max();
     Number mMost = std::numeric_limits<Number>::lowest();
 };
@@ -99,8 +99,7 @@ std::string MakeSnapshots(const Options_cls& options) {
     Progress_cls progress;
     Snapshot_cls snapshot;
     for (std::size_t i = 0; i < options.mSnapshotCount; ++i) {
-        progress.Show("snapshot " + std::to_string(i + 1) + " of " +
-                      std::to_string(options.mSnapshotCount));
+        progress.Show("snapshot " + std::to_string(i + 1) + " of " + std::to_string(options.mSnapshotCount));
         if (i > 0) {
             model.Advance(interval, stepCount, kThreadCount);
         }

@@ -20,6 +20,9 @@ constexpr std::array<std::array<uint8_t, 4>, 5> kTypeColour = {{{255, 196, 120, 
                                                                 {150, 235, 215, 255},
                                                                 {215, 150, 255, 255}}};
 
+/// What one glowing point adds to the picture.
+constexpr float kGlow = 0.18F;
+
 std::vector<ColouredPoint> MakePoints(std::span<const float> positions, std::span<const uint8_t> types) {
     std::vector<ColouredPoint> points;
     points.reserve(types.size());
@@ -35,16 +38,22 @@ std::vector<ColouredPoint> MakePoints(std::span<const float> positions, std::spa
 }  // namespace
 
 void GLDrawData_cls::GLDrawPointAll(std::span<const float> positions, std::span<const uint8_t> types,
-                                    float pointSize) {
+                                    float pointSize, Look look) {
     const std::vector<ColouredPoint> points = MakePoints(positions, types);
     if (points.empty()) return;
 
     glPushAttrib(GL_ENABLE_BIT | GL_POINT_BIT | GL_COLOR_BUFFER_BIT);
-    glEnable(GL_DEPTH_TEST);
-    // Round points: the corners of the square are cut off by their coverage.
     glEnable(GL_POINT_SMOOTH);
-    glEnable(GL_ALPHA_TEST);
-    glAlphaFunc(GL_GREATER, 0.5F);
+    if (look == Look::Opaque) {
+        // Round points: the corners of the square are cut off by their coverage.
+        glEnable(GL_DEPTH_TEST);
+        glEnable(GL_ALPHA_TEST);
+        glAlphaFunc(GL_GREATER, 0.5F);
+    } else {
+        glEnable(GL_BLEND);
+        glBlendColor(0.0F, 0.0F, 0.0F, kGlow);
+        glBlendFunc(GL_CONSTANT_ALPHA, GL_ONE);
+    }
     glPointSize(pointSize);
 
     glEnableClientState(GL_VERTEX_ARRAY);

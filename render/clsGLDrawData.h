@@ -8,6 +8,9 @@
 /// left out.
 class GLDrawData_cls {
   public:
-    /// Points coloured by type, nearer ones in front. Size in pixels.
-    void GLDrawPointAll(std::span<const float> positions, std::span<const uint8_t> types, float pointSize);
+    /// Points coloured by type. Size in pixels. Opaque ones hide what lies behind them; glowing ones add up,
+    /// so that crowded places shine, and need no order.
+    enum class Look { Opaque, Glowing };
+    void GLDrawPointAll(std::span<const float> positions, std::span<const uint8_t> types, float pointSize,
+                        Look look);
 };

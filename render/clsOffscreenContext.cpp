@@ -66,10 +66,7 @@ std::unique_ptr<OffscreenContext_cls> OffscreenContext_cls::CreateOn(void* displ
         eglBindAPI(EGL_OPENGL_API) && eglChooseConfig(display, attributes, &config, 1, &count) && count > 0;
     // No version asked for: this gives the compatibility profile.
     void* context = usable ? eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr) : EGL_NO_CONTEXT;
-    if (context == EGL_NO_CONTEXT) {
-        eglTerminate(display);
-        return nullptr;
-    }
+    if (context == EGL_NO_CONTEXT) return nullptr;
     std::unique_ptr<OffscreenContext_cls> made(new OffscreenContext_cls(display, context));
     return made->MakeCurrent() ? std::move(made) : nullptr;
 }
@@ -80,6 +77,6 @@ bool OffscreenContext_cls::MakeCurrent() {
 
 OffscreenContext_cls::~OffscreenContext_cls() {
     eglMakeCurrent(mDisplay, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    // The display belongs to the process, other contexts may be on it: it is not terminated.
     eglDestroyContext(mDisplay, mContext);
-    eglTerminate(mDisplay);
 }

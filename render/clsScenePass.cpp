@@ -12,10 +12,13 @@ namespace {
 constexpr double kViewAngle = 35.0;
 
 /// Points small enough to tell many particles apart and large enough to see few.
-float PointSizeFor(size_t particles, int height) {
+double PointSizeFor(size_t particles, int height) {
     const double spacing = height / std::sqrt(static_cast<double>(std::max<size_t>(particles, 1)));
-    return static_cast<float>(std::clamp(0.4 * spacing, 1.5 * std::max(1.0, height / 720.0), height / 40.0));
+    return std::clamp(0.4 * spacing, 1.5 * std::max(1.0, height / 720.0), height / 40.0);
 }
+
+/// Opaque points of more particles than this would run together into one flat patch.
+constexpr size_t kCrowd = 20000;
 
 }  // namespace
 
@@ -50,6 +53,8 @@ std::vector<uint8_t> ScenePass_cls::Draw(std::span<const float> positions, std::
 
     glClearColor(0.02F, 0.02F, 0.035F, 1.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    GLDrawData_cls().GLDrawPointAll(positions, types, PointSizeFor(types.size(), mBuffer->GetHeight()));
+    const auto look = types.size() > kCrowd ? GLDrawData_cls::Look::Glowing : GLDrawData_cls::Look::Opaque;
+    const double size = PointSizeFor(types.size(), mBuffer->GetHeight());
+    GLDrawData_cls().GLDrawPointAll(positions, types, static_cast<float>(size), look);
     return mBuffer->ReadRGB();
 }
