@@ -38,11 +38,11 @@ size_t KeyCurve_cls::FindSegment(double t, double resolution) const {
 
     // Keys lie about evenly: start where t would be then, go on in growing steps until it is passed, and
     // halve what is left. Key `low` is not behind t, key `high` is.
-    const double share = (t - mKeys.front().mTime) / (mKeys.back().mTime - mKeys.front().mTime);
-    const double guess = share * static_cast<double>(n - 1);
+    const double last = static_cast<double>(n - 1);
+    const double guess = (t - mKeys.front().mTime) / (mKeys.back().mTime - mKeys.front().mTime) * last;
     size_t low = 0;
     size_t high = n;
-    const size_t start = guess >= 1.0 ? std::min(static_cast<size_t>(guess), n - 1) : 1;
+    const size_t start = guess >= 1.0 ? static_cast<size_t>(std::min(guess, last)) : 1;
     size_t step = 1;
     if (isBehind(start)) {
         high = start;
