@@ -1,0 +1,117 @@
+#include "interp/clsThreadInterpolator.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <vector>
+
+#include "data/clsDataLoader.h"
+#include "interp/clsThreadInterpolatorBlock.h"
+#include "seam/clsEventSink.h"
+#include "seam/clsThreadCheck.h"
+
+std::atomic<ThreadInterpolator_cls*> GpCThreadInterpolate{nullptr};
+std::atomic<bool> GbThreadInterpolateFinished{true};
+std::atomic<bool> GbGLLockForInterplateData{false};
+
+namespace {
+
+/// Up to this many particles that are not where they were are searched for by scanning. More are worth an
+/// index.
+constexpr int kScannedParticles = 16;
+/// Particles that a worker takes at a time.
+constexpr int kBlock = 16384;
+
+bool IsIndexWorthwhile(const RateArrays_cls& arrays, int matched) {
+    if (!arrays.mIDA || !arrays.mIDB) return false;
+    int moved = 0;
+    for (int i = 0; i < matched && moved <= kScannedParticles; ++i) {
+        if (arrays.mIDA[i] != arrays.mIDB[i]) ++moved;
+    }
+    return moved > kScannedParticles;
+}
+
+/// Null when scanning does, or when there is no memory for an index: scanning gives the same, only slower.
+std::unique_ptr<IDIndex_cls> MakeIndex(const RateArrays_cls& arrays, int matched) {
+    if (!IsIndexWorthwhile(arrays, matched)) return nullptr;
+    try {
+        return std::make_unique<IDIndex_cls>(std::span(arrays.mIDB, static_cast<size_t>(arrays.mCountB)));
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+/// Clears the change of radius and value1 from one particle of A to the last.
+void ClearWorkFrom(const RateArrays_cls& arrays, int begin) {
+    std::fill(arrays.mRadiusWork + begin, arrays.mRadiusWork + arrays.mCountA, 0.0F);
+    std::fill(arrays.mValue1Work + begin, arrays.mValue1Work + arrays.mCountA, 0.0F);
+}
+
+}  // namespace
+
+bool ThreadInterpolator_cls::Start(const Task& task) {
+    if (GpCThreadInterpolate.load(std::memory_order_acquire)) return false;
+    GbThreadInterpolateFinished.store(false, std::memory_order_release);
+    auto thread = std::make_unique<ThreadInterpolator_cls>();
+    GpCThreadInterpolate.store(thread.get(), std::memory_order_release);
+    thread->SetParameters(task);
+    // From here on the thread owns itself.
+    ExpectThread(thread.release()->Run());
+    return true;
+}
+
+void ThreadInterpolator_cls::SetParameters(const Task& task) {
+    mTask = task;
+    if (mTask.dt == 0.0F) mTask.dt = 1.0F;
+    ExpectThread(Create());
+}
+
+wxThread::ExitCode ThreadInterpolator_cls::Entry() {
+    ComputeRates(mTask);
+    mTask.interpolated->store(true, std::memory_order_release);
+    GbThreadInterpolateFinished.store(true, std::memory_order_release);
+    EventSink_cls::PostToFrame(EventSink_cls::kRedraw);
+    // Whoever saw the end may have registered the next one already.
+    ThreadInterpolator_cls* self = this;
+    GpCThreadInterpolate.compare_exchange_strong(self, nullptr);
+    return nullptr;
+}
+
+int ThreadInterpolator_cls::GetWorkerNumber(int countA) {
+    int workers = 1;
+    for (const int most : {100000, 300000, 1000000, 3000000, 10000000}) {
+        if (countA > most) ++workers;
+    }
+    return workers;
+}
+
+void ThreadInterpolator_cls::ComputeRates(const Task& task) {
+    const RateArrays_cls& arrays = task.arrays;
+    if (task.interpolationType != DataLoader_cls::kLinear) {
+        ClearWorkFrom(arrays, 0);
+        if (task.interpolationType != DataLoader_cls::kHermite) {
+            std::fill_n(arrays.mVelocity, 3 * static_cast<size_t>(arrays.mCountA), 0.0F);
+        }
+        return;
+    }
+    const int matched = std::max(std::min(arrays.mCountA, arrays.mCountB), 0);
+    const bool searched = task.variableNumber == DataLoader_cls::kVariable;
+    const bool sorted = task.variableNumber == DataLoader_cls::kSortByID;
+    const auto index = searched ? MakeIndex(arrays, matched) : nullptr;
+
+    WorkShares_cls shares(matched, GetWorkerNumber(arrays.mCountA), sorted ? WorkShares_cls::kWhole : kBlock);
+    std::vector<std::unique_ptr<ThreadInterpolatorBlock_cls>> workers;
+    for (int w = 0; w < shares.GetWorkers(); ++w) {
+        workers.push_back(std::make_unique<ThreadInterpolatorBlock_cls>());
+        workers.back()->SetParameters(arrays, shares, w, task.dt, task.variableNumber, task.periodic,
+                                      index.get());
+    }
+    // Where no kernel is made for the settings, nothing but the velocity that was read may be left.
+    ClearWorkFrom(arrays, workers[0]->HasKernel() ? matched : 0);
+
+    // The last worker is this thread itself, so that a small snapshot costs no further thread.
+    for (size_t w = 0; w + 1 < workers.size(); ++w) ExpectThread(workers[w]->Create());
+    for (size_t w = 0; w + 1 < workers.size(); ++w) ExpectThread(workers[w]->Run());
+    workers.back()->Entry();
+    for (size_t w = 0; w + 1 < workers.size(); ++w) workers[w]->Wait();
+}

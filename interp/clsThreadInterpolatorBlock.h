@@ -1,0 +1,81 @@
+#pragma once
+
+#include <wx/thread.h>
+
+#include "interp/clsIDIndex.h"
+#include "interp/clsPeriodicBoundary.h"
+#include "interp/clsRateArrays.h"
+#include "interp/clsWorkShares.h"
+
+/// One worker of a rate stage: the rates of a share of A's particles. Owned by its ThreadInterpolator_cls.
+/// Threads: reads the arrays of A and B, writes only A's rates of the particles it has taken; runs as a
+/// joinable thread, or on the caller's by calling Entry(). Units: rates per time unit, of which dt lie
+/// between the snapshots.
+///
+/// Matching by ID. The order of the search is part of what a film shows, duplicates of an ID included: the
+/// same index; then, with w = 10, 100, 1000 and 10000, the first hit from max(i - w, 0) upwards below min(i +
+/// w, countB); then the first hit in the first tenth of B. Every one of these tries asks for the smallest
+/// position of an ID between two bounds, and that is what IDIndex_cls::FindFirst() answers without scanning.
+/// So the answers are the scan's; only the cost differs. Where no ID of B repeats there is only one position
+/// to ask about, and the five tries come down to: it lies in the widest window, or in the first tenth.
+class ThreadInterpolatorBlock_cls final : public wxThread {
+  public:
+    ThreadInterpolatorBlock_cls() : wxThread(wxTHREAD_JOINABLE) {}
+
+    /// The shares hold particles of A that all exist in B; they and the index outlive the worker. Without an
+    /// index the searches scan.
+    void SetParameters(const RateArrays_cls& arrays, WorkShares_cls& shares, int worker, float dt,
+                       unsigned int variableNumber, const PeriodicBoundary_cls::Rule& periodic,
+                       const IDIndex_cls* index);
+    ExitCode Entry() override;
+    /// False for settings that no kernel is made for: the range is then left as it is.
+    bool HasKernel() const;
+
+    // Rates of particle i of A from particle j of B
+    // --------------------------------------------------------------
+
+    void InterpolateDataLinearCore(int i, int j, float dt);
+    void InterpolateDataLinearCorePeriodicXYEeffect0(int i, int j, float dt);
+    void InterpolateDataLinearCorePeriodicXYEeffect1(int i, int j, float dt);
+    void InterpolateDataLinearCorePeriodicXYZEeffect0(int i, int j, float dt);
+    void InterpolateDataLinearCorePeriodicXYZEeffect1(int i, int j, float dt);
+
+    // Particles begin to end - 1 by one rule of matching
+    // ---------------------------------------------------------
+
+    void InterpolateDataLinear(int begin, int end);
+    void InterpolateDataLinearPeriodic(int begin, int end);
+    void InterpolateDataLinearSearchingID(int begin, int end);
+    void InterpolateDataLinearSearchingIDSorted(int begin, int end);
+
+    // Searches in B, -1 for not found
+    // ----------------------------------------------------------------------------
+
+    int SearchIDNear(int i, int id, int halfWidth) const;
+    int SearchIDFull(int id) const;
+    /// One step through two arrays of ascending IDs. The cursor stays before an ID that was skipped.
+    int SearchIDFrom(int* cursor, int id) const;
+
+  private:
+    using Core = void (ThreadInterpolatorBlock_cls::*)(int i, int j, float dt);
+
+    /// Null for periodic settings that no kernel is made for.
+    Core ChooseCore() const;
+    template <class WrapXY, class WrapZ>
+    void StoreRates(int i, int j, float dt);
+    void StoreNoRates(int i);
+    template <class WrapXY, class WrapZ>
+    void InterpolateSameIndex(int begin, int end);
+    int FindFirst(int id, int begin, int end) const;
+    int SearchID(int i) const;
+    /// SearchID() for `count` particles from i on.
+    void SearchIDs(int i, int count, int32_t* positions) const;
+
+    RateArrays_cls mArrays;
+    WorkShares_cls* mShares = nullptr;
+    int mWorker = 0;
+    float mDt = 1.0F;
+    unsigned int mVariableNumber = 0;
+    PeriodicBoundary_cls::Rule mPeriodic;
+    const IDIndex_cls* mIndex = nullptr;
+};
