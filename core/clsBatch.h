@@ -1,9 +1,10 @@
 #pragma once
 
-#include <memory>
+#include <set>
 
 #include "core/clsCommandLine.h"
 #include "core/clsMain.h"
+#include "core/clsProjectFile.h"
 
 /// Does what the command line asks for without a window.
 /// Output: results and diagnostic lines on standard output, progress and messages on standard error.
@@ -19,15 +20,25 @@ class Batch_cls {
     int Prepare();
     int Info();
     int Render();
+    int Export();
     int Save();
-    /// A snapshot with everything wrong about its file told to the user.
-    std::unique_ptr<PDataBlock_cls> Load(int index, PDataSequence_cls::Depth depth);
+
     bool HasData();
+    /// The frames to do, checked against the scene and the pattern's number; null after a message.
+    std::optional<FrameRange_cls> ChooseFrames() const;
+    /// Does one frame after the other. The work returns what went wrong, empty for nothing.
+    int DoFrames(const FrameRange_cls& frames,
+                 const std::function<wxString(int frame, const wxString& name)>& work);
+    /// The particles of a data position; what is wrong with its files is told once.
+    const SnapData_cls* PrepareState(double position);
+    void TellFaults(int snapshot);
+    wxString WriteState(const wxString& name, double position);
     /// The exit status of a job that went to its end.
     int Outcome() const;
 
     CommandLine_cls mLine;
     Main_cls mMain;
+    ProjectFile_cls mProject;
     bool mAnyFault = false;
-    int mMissing = 0;
+    std::set<int> mMissing;
 };

@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
             std::puts("varnholt3 " VARNHOLT_VERSION);
             return Batch_cls::kDone;
         case CommandLine_cls::Action::Window:
-            PrintError("one of --info, --render and --save is needed (see varnholt3 --help)");
+            PrintError("one of --info, --render, --export and --save is needed (see varnholt3 --help)");
             return Batch_cls::kWrongUsage;
         default:
             break;

@@ -8,11 +8,14 @@
 #include "data/clsBodyReader.h"
 #include "data/clsDataLoader.h"
 #include "data/clsLinePieces.h"
+#include "data/clsPDataSnap.h"
 #include "data/clsThreadFileReader.h"
+#include "interp/clsThreadInterpolator.h"
 #include "seam/clsDiagnostics.h"
 #include "seam/clsTextCoding.h"
 
 const DataLoader_cls* PDataBlock_cls::mspCDataLoaderLink = nullptr;
+const PeriodicBoundary_cls* PDataBlock_cls::mspCPeriodicLink = nullptr;
 
 namespace {
 
@@ -51,6 +54,60 @@ void PDataBlock_cls::LoadHeaderBinary(const wxString& path) {
 }
 void PDataBlock_cls::LoadHeaderAscii(const wxString& path) {
     LoadHeader(path, "Load Header Ascii Error");
+}
+
+PDataBlock_cls::Reading PDataBlock_cls::LoadData(const wxString& path) {
+    wxString why;
+    auto file = InputFile_cls::Open(path, &why);
+    if (!file) {
+        Problem(path, why);
+        return Reading::CannotOpen;
+    }
+    if (GetCount() == -1) {
+        ReadHeader(*file, path, mSnapshot->GetIndex());
+        mSnapshot->SetTime(mTime);
+    }
+    const int wanted = GetCount();
+    if (!IsAllocated() && !Allocate(wanted))
+        Problem(path, wxString::Format("not enough memory for %d particles", wanted));
+    const bool started =
+        StartLoadingData(std::move(*file), mSnapshot->GetIndex(), mSnapshot->GetLoadedFlag());
+    return started ? Reading::Started : Reading::Refused;
+}
+
+bool PDataBlock_cls::InterpolateData(const PDataBlock_cls& next) {
+    ThreadInterpolator_cls::Task task;
+    task.interpolated = mSnapshot->GetInterpolatedFlag();
+    task.arrays = {.mCountA = GetCount(),
+                   .mPositionA = GetPosition(),
+                   .mRadiusA = GetRadius(),
+                   .mValue1A = GetValue1(),
+                   .mIDA = GetID(),
+                   .mCountB = next.GetCount(),
+                   .mPositionB = next.GetPosition(),
+                   .mRadiusB = next.GetRadius(),
+                   .mValue1B = next.GetValue1(),
+                   .mIDB = next.GetID(),
+                   .mVelocity = GetVelocity(),
+                   .mRadiusWork = GetRadiusWork(),
+                   .mValue1Work = GetValue1Work()};
+    task.dt = static_cast<float>(next.mTime - mTime);
+    task.interpolationType = mInterpolateType;
+    task.variableNumber = mVariableNumber;
+    if (mspCPeriodicLink) task.periodic = mspCPeriodicLink->GetRule();
+    return ThreadInterpolator_cls::Start(task);
+}
+
+void PDataBlock_cls::Special_Copy(const PDataBlock_cls& other) {
+    const auto n = static_cast<size_t>(std::max(GetCount(), 0));
+    std::copy_n(other.GetPosition(), 3 * n, GetPosition());
+    std::copy_n(other.GetVelocity(), 3 * n, GetVelocity());
+    std::copy_n(other.GetRadius(), n, GetRadius());
+    std::copy_n(other.GetValue1(), n, GetValue1());
+    std::copy_n(other.GetRadiusWork(), n, GetRadiusWork());
+    std::copy_n(other.GetValue1Work(), n, GetValue1Work());
+    std::copy_n(other.GetType(), n, GetType());
+    if (GetID() && other.GetID()) std::copy_n(other.GetID(), n, GetID());
 }
 
 void PDataBlock_cls::ReadHeader(const InputFile_cls& file, const wxString& path, int snapshotIndex) {

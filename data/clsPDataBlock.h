@@ -13,6 +13,8 @@
 #include "seam/clsInputFile.h"
 
 class DataLoader_cls;
+class PDataSnap_cls;
+class PeriodicBoundary_cls;
 
 /// The particles of one snapshot, one element per particle in every array.
 /// Owned by whoever shows or exports the snapshot.
@@ -24,6 +26,26 @@ class PDataBlock_cls {
   public:
     /// The loader settings, set once by the application core.
     static const DataLoader_cls* mspCDataLoaderLink;
+    /// The periodic box, set once by the application core; null: none.
+    static const PeriodicBoundary_cls* mspCPeriodicLink;
+
+    /// A block without a snapshot is read by hand and takes no part in the cache.
+    explicit PDataBlock_cls(PDataSnap_cls* snapshot = nullptr) : mSnapshot(snapshot) {}
+
+    // For the snapshot that owns the block
+    // ------------------------------------------------------------------------
+
+    enum class Reading { Started, Refused, CannotOpen };
+    /// Opens the file, reads its header if that was not done, and has a thread read the body. Refused while
+    /// another reader is registered: one runs at a time.
+    Reading LoadData(const wxString& path);
+    /// Has a thread compute the rates towards the next block. False, and nothing started, while another does.
+    bool InterpolateData(const PDataBlock_cls& next);
+    /// Takes the particles of a block with the same number of them.
+    void Special_Copy(const PDataBlock_cls& other);
+
+    // Reading
+    // ------------------------------------------------------------------------
 
     /// Read the header and bound the particle count by what the file can hold. A file that cannot be opened
     /// ends the program: callers open the file first and use ReadHeader().
@@ -81,6 +103,7 @@ class PDataBlock_cls {
     void LoadHeader(const wxString& path, const char* stopWords);
     void Problem(const wxString& path, const wxString& text);
 
+    PDataSnap_cls* mSnapshot;
     ParticleBuffer_cls mPosition;
     ParticleBuffer_cls mVelocity;
     ParticleBuffer_cls mAcceleration;

@@ -82,8 +82,10 @@ wxString PDataSeqCtrl_cls::Serialize() const {
     return text;
 }
 
-void PDataSeqCtrl_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
-    for (const auto& sequence : mSequences) sequence->ReadStrLine(stream, line);
+bool PDataSeqCtrl_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
+    bool taken = false;
+    for (const auto& sequence : mSequences) taken = sequence->ReadStrLine(stream, line) || taken;
+    return taken;
 }
 
 void StopIfLoading() {

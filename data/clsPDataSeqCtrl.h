@@ -48,7 +48,7 @@ class PDataSeqCtrl_cls {
     void SetSnipping(int index);
     void ClearSnipping();
     wxString Serialize() const;
-    void ReadStrLine(LineStream_cls& stream, const wxString& line);
+    bool ReadStrLine(LineStream_cls& stream, const wxString& line);
 
   private:
     void PrepareFrame(const TimeCtrl_cls& time, int frame);

@@ -185,10 +185,12 @@ wxString PDataSequence_cls::Serialize() const {
     return text;
 }
 
-void PDataSequence_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
-    if (line.StartsWith(mKeyItem.GetKey())) {
+bool PDataSequence_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
+    bool taken = line.StartsWith(mKeyItem.GetKey());
+    if (taken) {
         wxString path;
         if (stream.ReadLine(path) && !path.empty()) OpenDataFile(path);
     }
-    for (const auto& attribute : mAttributes) attribute->ReadStrLine(stream, line);
+    for (const auto& attribute : mAttributes) taken = attribute->ReadStrLine(stream, line) || taken;
+    return taken;
 }

@@ -88,7 +88,7 @@ class PDataSequence_cls {
     /// The key line, the pattern as the user gave it, and the attributes.
     wxString Serialize() const;
     /// Takes the key line and the file name on the line after it, and opens that without an undo command.
-    void ReadStrLine(LineStream_cls& stream, const wxString& line);
+    bool ReadStrLine(LineStream_cls& stream, const wxString& line);
 
     /// Called just before the particles of a block are freed, so that nobody goes on borrowing them.
     void SetReleaseObserver(std::function<void(const PDataBlock_cls&)> observer) {

@@ -20,7 +20,7 @@ constexpr int kObservedRounds = 100;
 }  // namespace
 
 PDataSnap_cls::PDataSnap_cls(PDataSequence_cls& sequence, int index)
-    : mSequence(sequence), mBlock(std::make_unique<PDataBlock_cls>(*this)), mIndex(index) {}
+    : mSequence(sequence), mBlock(std::make_unique<PDataBlock_cls>(this)), mIndex(index) {}
 
 void PDataSnap_cls::LinkTo(PDataSnap_cls* previous, PDataSnap_cls* next) {
     mPrevious = previous;
