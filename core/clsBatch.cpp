@@ -1,5 +1,7 @@
 #include "core/clsBatch.h"
 
+#include <unistd.h>
+
 #include <cmath>
 #include <csignal>
 #include <cstdio>
@@ -28,9 +30,9 @@ void OnInterrupt(int) {
 
 Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
     : mLine(std::move(line)), mMain(programFolder), mProject(mMain) {
-    if (mLine.mQuiet) SetDiagnosticsOn(false);
-    const wxString config = mLine.mConfig.value_or(mMain.GetConfigPath());
-    if (InputFile_cls::CanOpen(config)) mProject.ReadProjectFile(config);
+    // On a terminal the lines would tear the progress bar apart.
+    const bool terminal = isatty(STDOUT_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
+    if (mLine.mQuiet || (terminal && !mLine.mVerbose)) SetDiagnosticsOn(false);
 }
 
 int Batch_cls::Run() {
@@ -49,8 +51,13 @@ int Batch_cls::Run() {
 }
 
 int Batch_cls::Prepare() {
-    const bool project = mLine.mFile.Lower().EndsWith(".vhp");
-    if (project) {
+    // A configuration file named by hand has to be there, the usual one need not.
+    if (!mLine.mConfig) {
+        mProject.ReadProjectFile(mMain.GetConfigPath());
+    } else if (!mLine.mConfig->empty() && !mProject.ReadProjectFile(*mLine.mConfig)) {
+        return kFailed;
+    }
+    if (IsProject()) {
         if (!mProject.ReadProjectFile(mLine.mFile)) return kFailed;
         if (mLine.mVerbose) {
             PrintError(wxString::Format("%s: %d lines belong to no setting", mLine.mFile,
@@ -62,7 +69,7 @@ int Batch_cls::Prepare() {
         PrintError("--set " + setting + ": no setting has this key");
         return kWrongUsage;
     }
-    if (!project) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
+    if (!IsProject()) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
     return kDone;
 }
 
@@ -70,9 +77,17 @@ bool Batch_cls::HasData() {
     if (!mMain.GetDataLoader().CheckGrammer()) return false;
     const PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
     // A first file that is missing has been told by the series itself.
-    if (sequence.GetSeqLength() == 0 && sequence.GetFiles().GetPath().empty())
-        PrintError(mLine.mFile + ": names no data");
+    if (sequence.GetFiles().GetPath().empty()) PrintError(mLine.mFile + ": the project names no data");
     return sequence.GetSeqLength() > 0;
+}
+
+bool Batch_cls::IsNumberedByOne() {
+    PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
+    if (mLine.mFrames || sequence.GetSeqLength() < 2 || sequence.GetSnap(1).IsFileValid()) return true;
+    PrintError(sequence.GetFilename(1) +
+               ": cannot be opened; a series is numbered in steps of 1 (docs/snapshot-files.md says how to "
+               "get there)");
+    return false;
 }
 
 int Batch_cls::Info() {
@@ -132,7 +147,10 @@ int Batch_cls::DoFrames(const FrameRange_cls& frames,
             PrintError("interrupted; the files written so far are whole");
             return kInterrupted;
         }
-        const wxString name = names.GetModifiedStr(frame);
+        // A single frame gets the name as it stands, also when that ends in a number.
+        const bool pattern = names.GetPath() == names.GetFormat();
+        const wxString name =
+            frames.mFirst == frames.mLast && !pattern ? names.GetPath() : names.GetModifiedStr(frame);
         const wxString error = work(frame, name);
         if (!error.empty()) {
             progress.End();
@@ -146,7 +164,7 @@ int Batch_cls::DoFrames(const FrameRange_cls& frames,
 }
 
 int Batch_cls::Render() {
-    if (!HasData()) return kFailed;
+    if (!HasData() || !IsNumberedByOne()) return kFailed;
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
     wxString why;
@@ -171,6 +189,7 @@ int Batch_cls::Export() {
         PrintError(error);
         return kFailed;
     }
+    if (!IsNumberedByOne()) return kFailed;
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
     return DoFrames(*frames, [&](int frame, const wxString& name) {
@@ -226,6 +245,7 @@ int Batch_cls::Outcome() const {
 }
 
 int Batch_cls::Save() {
+    if (mMain.GetSeqCtrl().GetActive().GetSeqLength() == 0 && !IsProject()) return kFailed;
     if (mProject.SaveProjectFile(mLine.mProject, true) == 1) return kDone;
     PrintError(mProject.GetError());
     return kFailed;

@@ -12,7 +12,6 @@ class Batch_cls {
   public:
     enum Status : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kInterrupted = 130 };
 
-    /// The settings of the configuration file are read here, the data are opened by Run().
     Batch_cls(CommandLine_cls line, const wxString& programFolder);
     int Run();
 
@@ -23,7 +22,10 @@ class Batch_cls {
     int Export();
     int Save();
 
+    bool IsProject() const { return mLine.mFile.Lower().EndsWith(".vhp"); }
     bool HasData();
+    /// False, after a message, for a whole series whose second member is missing.
+    bool IsNumberedByOne();
     /// The frames to do, checked against the scene and the pattern's number; null after a message.
     std::optional<FrameRange_cls> ChooseFrames() const;
     /// Does one frame after the other. The work returns what went wrong, empty for nothing.

@@ -72,6 +72,10 @@ wxString FindConflict(const CommandLine_cls& line) {
     if (line.mAction == Action::Render && !ImageFile_cls::IsKnownFormat(line.mPattern)) {
         return line.mPattern + ": the picture's name must end in .png, .jpg, .tif or .bmp";
     }
+    if (line.mAction == Action::Save && !line.mProject.Lower().EndsWith(".vhp")) {
+        // A mixed-up order of the names must not write over data.
+        return line.mProject + ": a project's name must end in .vhp";
+    }
     if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
     return {};
 }

@@ -71,6 +71,10 @@ wxString ProjectFile_cls::Serialize(bool full) const {
 }
 
 int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
+    if (mMain.GetSeqCtrl().GetActive().GetFiles().GetPath().Contains("\n")) {
+        mError = path + ": cannot be written: the data's name holds a line feed";
+        return 0;
+    }
     // The name goes into this very file, and into the configuration at quit.
     if (!IsConfigFile(path)) mMain.GetFrameSettings().mLastOpenedFileVHP.SetText(path);
     mError = OutputFile_cls::WriteWhole(path, ToBytes(Serialize(full)), OutputFile_cls::Sync::Durable);

@@ -189,7 +189,8 @@ bool PDataSequence_cls::ReadStrLine(LineStream_cls& stream, const wxString& line
     bool taken = line.StartsWith(mKeyItem.GetKey());
     if (taken) {
         wxString path;
-        if (stream.ReadLine(path) && !path.empty()) OpenDataFile(path);
+        if (stream.ReadLine(path)) path.Trim();
+        if (!path.empty()) OpenDataFile(path);
     }
     for (const auto& attribute : mAttributes) taken = attribute->ReadStrLine(stream, line) || taken;
     return taken;

@@ -38,6 +38,11 @@ OutputFile_cls::OutputFile_cls(const wxString& path) : mPath(path), mTarget(Reso
         Fail("open");
         return;
     }
+    // Renaming would replace a file that nobody may write.
+    if (exists && faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) != 0) {
+        Fail("write");
+        return;
+    }
     // The folder part is the target's; a stale temporary file of a killed run is passed over.
     const std::string folder = FolderOf(mTarget);
     const std::string name = mTarget.substr(mTarget.rfind('/') + 1, 200);
