@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "seam/clsTextCoding.h"
+#include "support/Keys.h"
 #include "support/TempFolder.h"
 #include "timeline/clsParameters.h"
 
@@ -19,12 +20,6 @@ using K = KeyFrame_cls;
 constexpr const char* kPovRay = "/usr/bin/povray";
 /// Completes a declaration that has been left without a value.
 constexpr double kNoValue = -987654.0;
-
-K Key(double time, double value, unsigned int type, double velocity = 0.0, double easeFactor = 0.0) {
-    K key;
-    key.Set(time, type, value, velocity, easeFactor, false);
-    return key;
-}
 
 struct Case {
     const char* name;
