@@ -3,6 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+bool IsHermite(unsigned int type) {
+    return type >= KeyFrame_cls::kHermiteAuto && type <= KeyFrame_cls::kHermite;
+}
+
+}  // namespace
+
 KeyCurve_cls::KeyCurve_cls(std::span<const KeyFrame_cls> keys, int period)
     : mKeys(keys), mPeriod(std::abs(static_cast<double>(period))) {}
 
@@ -17,25 +25,24 @@ double KeyCurve_cls::Evaluate(double t, double resolution) const {
 
     // Slightly negative where the display step has pulled t to a key it has not reached yet.
     const double s = (t - key.mTime) / (mKeys[i + 1].mTime - key.mTime);
-    const bool cubic = key.mType >= KeyFrame_cls::kHermiteAuto && key.mType <= KeyFrame_cls::kHermite;
-    return cubic ? Hermite(s, i) : Linear(s, i);
+    return IsHermite(key.mType) ? Hermite(s, i) : Linear(s, i);
 }
 
 size_t KeyCurve_cls::FindSegment(double t, double resolution) const {
     const size_t n = mKeys.size();
     if (n < 2) return 0;
-    // The very subtraction and comparison of the rule. With sorted times it holds from one key on, so any search
-    // for that key finds what a scan finds, rounding and odd resolutions included.
+    // The very subtraction and comparison of the rule. With sorted times it holds from one key on, so any
+    // search for that key finds what a scan finds, rounding and odd resolutions included.
     const double halfStep = 0.5 * resolution;
     const auto isBehind = [&](size_t i) { return mKeys[i].mTime - halfStep > t; };
 
-    // Keys lie about evenly: start where t would be then, go on in growing steps until it is passed, and halve
-    // what is left. Key `low` is not behind t, key `high` is.
-    const double share = (t - mKeys.front().mTime) / (mKeys.back().mTime - mKeys.front().mTime);
-    const double guess = share * static_cast<double>(n - 1);
+    // Keys lie about evenly: start where t would be then, go on in growing steps until it is passed, and
+    // halve what is left. Key `low` is not behind t, key `high` is.
+    const double last = static_cast<double>(n - 1);
+    const double guess = (t - mKeys.front().mTime) / (mKeys.back().mTime - mKeys.front().mTime) * last;
     size_t low = 0;
     size_t high = n;
-    const size_t start = guess >= 1.0 ? std::min(static_cast<size_t>(guess), n - 1) : 1;
+    const size_t start = guess >= 1.0 ? static_cast<size_t>(std::min(guess, last)) : 1;
     size_t step = 1;
     if (isBehind(start)) {
         high = start;
@@ -110,9 +117,10 @@ void KeyCurve_cls::AdjustAuto(std::span<KeyFrame_cls> keys, int period, size_t f
     }
 }
 
-double KeyCurve_cls::VelocityAt(double t) const {
+double KeyCurve_cls::HermiteVelocityAt(double t) const {
     if (mKeys.empty() || t <= mKeys.front().mTime || t >= mKeys.back().mTime) return 0.0;
     const size_t i = FindSegment(t, 0.0);
+    if (i + 1 == mKeys.size() || !IsHermite(mKeys[i].mType)) return 0.0;
     const double h = mKeys[i + 1].mTime - mKeys[i].mTime;
     const double s = (t - mKeys[i].mTime) / h;
     const Cubic c = GetCubic(i);

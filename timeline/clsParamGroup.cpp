@@ -36,14 +36,13 @@ void ParamGroup_cls::SetUpItems() {
     mItems.Add(&mShyMode, "shyMode=", "0");
 }
 
-template <class Function>
-void ParamGroup_cls::ForEach(const Function& function) {
-    for (Parameters_cls& parameter : mParameters) function(parameter);
-    for (ParamGroup_cls* child : mChildren) child->ForEach(function);
+template <class Group, class Function>
+void ParamGroup_cls::ForEach(Group& group, const Function& function) {
+    for (auto& parameter : group.mParameters) function(parameter);
+    for (ParamGroup_cls* child : group.mChildren) ForEach<Group>(*child, function);
 }
 
 // Tree
-// ---------------------------------------------------------------------------------------------------------
 
 bool ParamGroup_cls::AddChild(ParamGroup_cls& child) {
     if (child.mParent) return false;
@@ -78,7 +77,7 @@ Parameters_cls* ParamGroup_cls::GetPCParamFromID(const wxString& identifier) {
 }
 
 void ParamGroup_cls::ReplaceID(const wxString& oldID, const wxString& newID) {
-    ForEach([&](Parameters_cls& parameter) {
+    ForEach(*this, [&](Parameters_cls& parameter) {
         wxString rest;
         if (parameter.GetID().StartsWith(oldID, &rest) && (rest.empty() || rest[0] == '.'))
             parameter.SetID(newID + rest);
@@ -86,7 +85,6 @@ void ParamGroup_cls::ReplaceID(const wxString& oldID, const wxString& newID) {
 }
 
 // Evaluation
-// ---------------------------------------------------------------------------------------------------
 
 std::vector<double> ParamGroup_cls::GetInterpolatedValue(double t, double resolution) {
     std::vector<double> values;
@@ -106,7 +104,6 @@ void ParamGroup_cls::GetInterpolatedValue4Fast(float* out, double t, double reso
 }
 
 // Keys
-// ---------------------------------------------------------------------------------------------------------
 
 void ParamGroup_cls::SetKeyFrame(const double* values, bool addKey, double t, double range) {
     const double time = Parameters_cls::ResolveTime(t);
@@ -130,7 +127,7 @@ void ParamGroup_cls::SetOne(Parameters_cls& parameter, double value, bool addKey
 bool ParamGroup_cls::SetKeyFrameIfChanged(double t, double range) {
     const double time = Parameters_cls::ResolveTime(t);
     bool changed = false;
-    ForEach([&](Parameters_cls& parameter) {
+    ForEach(*this, [&](Parameters_cls& parameter) {
         const double value = parameter.GetCurrentValue();
         if (value == parameter.Evaluate(time, Parameters_cls::msResolution)) return;
         SetOne(parameter, value, true, time, range);
@@ -140,44 +137,46 @@ bool ParamGroup_cls::SetKeyFrameIfChanged(double t, double range) {
 }
 
 void ParamGroup_cls::InsertKey(double t) {
-    ForEach([t](Parameters_cls& parameter) { parameter.InsertKey(t); });
+    ForEach(*this, [t](Parameters_cls& parameter) { parameter.InsertKey(t); });
 }
 
 void ParamGroup_cls::DeleteKey(double t, double range) {
     const double time = Parameters_cls::ResolveTime(t);
-    ForEach([&](Parameters_cls& parameter) {
+    ForEach(*this, [&](Parameters_cls& parameter) {
         if (parameter.GetKeyNumber() > 1) parameter.DeleteKey(parameter.FindKey(time, range));
     });
 }
 
 int ParamGroup_cls::DeleteSelectedKey() {
     int count = 0;
-    ForEach([&](Parameters_cls& parameter) { count += parameter.DeleteSelectedKey(); });
+    ForEach(*this, [&](Parameters_cls& parameter) { count += parameter.DeleteSelectedKey(); });
     return count;
 }
 
 void ParamGroup_cls::SetTimeDependent(bool timeDependent) {
-    ForEach([=](Parameters_cls& parameter) { parameter.SetTimeDependent(timeDependent); });
+    ForEach(*this, [=](Parameters_cls& parameter) { parameter.SetTimeDependent(timeDependent); });
 }
 
 bool ParamGroup_cls::IsKeyFrameAll(double t, double range) const {
     const double time = Parameters_cls::ResolveTime(t);
-    const auto keyed = [&](const Parameters_cls& parameter) { return parameter.IsKeyFrame(time, range); };
-    const auto keyedBelow = [&](const ParamGroup_cls* child) { return child->IsKeyFrameAll(time, range); };
-    return !(mParameters.empty() && mChildren.empty()) &&
-           std::all_of(mParameters.begin(), mParameters.end(), keyed) &&
-           std::all_of(mChildren.begin(), mChildren.end(), keyedBelow);
+    int parameters = 0;
+    int keyed = 0;
+    ForEach(*this, [&](const Parameters_cls& parameter) {
+        ++parameters;
+        keyed += parameter.IsKeyFrame(time, range) ? 1 : 0;
+    });
+    return parameters > 0 && keyed == parameters;
 }
 
 int ParamGroup_cls::SelectKeyFrameRegion(double from, double to) {
     int count = 0;
-    ForEach([&](Parameters_cls& parameter) { count += parameter.SelectKeyFrameRegion(from, to); });
+    ForEach(*this, [&](Parameters_cls& parameter) { count += parameter.SelectKeyFrameRegion(from, to); });
     return count;
 }
 
 int ParamGroup_cls::SelectKeyByXY(double time, double value, double timeRange, double valueRange) {
     int count = 0;
-    ForEach([&](Parameters_cls& parameter) {
+    ForEach(*this, [&](Parameters_cls& parameter) {
         for (int i = 0; i < parameter.GetKeyNumber(); ++i) {
             const KeyFrame_cls& key = parameter.GetKeys()[static_cast<size_t>(i)];
             if (!(std::abs(key.mTime - time) <= timeRange && std::abs(key.mValue - value) <= valueRange))
@@ -190,23 +189,23 @@ int ParamGroup_cls::SelectKeyByXY(double time, double value, double timeRange, d
 }
 
 void ParamGroup_cls::MoveSelectedKeyByXY(double timeOffset, double valueOffset) {
-    ForEach([=](Parameters_cls& parameter) { parameter.MoveSelectedKey(timeOffset, valueOffset); });
+    ForEach(*this, [=](Parameters_cls& parameter) { parameter.MoveSelectedKey(timeOffset, valueOffset); });
 }
 
 void ParamGroup_cls::DeselectAll() {
-    ForEach([](Parameters_cls& parameter) { parameter.DeselectAll(); });
+    ForEach(*this, [](Parameters_cls& parameter) { parameter.DeselectAll(); });
 }
 
 void ParamGroup_cls::RemapKeys(double factor) {
-    ForEach([=](Parameters_cls& parameter) { parameter.RemapKeys(factor); });
+    ForEach(*this, [=](Parameters_cls& parameter) { parameter.RemapKeys(factor); });
 }
 
 void ParamGroup_cls::Quantize(double resolution) {
-    ForEach([=](Parameters_cls& parameter) { parameter.Quantize(resolution); });
+    ForEach(*this, [=](Parameters_cls& parameter) { parameter.Quantize(resolution); });
 }
 
 void ParamGroup_cls::Flip() {
-    ForEach([](Parameters_cls& parameter) { parameter.Flip(); });
+    ForEach(*this, [](Parameters_cls& parameter) { parameter.Flip(); });
 }
 
 void ParamGroup_cls::Swap(int count) {
@@ -231,11 +230,11 @@ void ParamGroup_cls::CopyParamGroupFromP(const ParamGroup_cls& other) {
         mChildren[i]->CopyParamGroupFromP(*other.mChildren[i]);
 }
 
-void ParamGroup_cls::CopyKeyFrameToClipBoard() {
+void ParamGroup_cls::CopyKeyFrameToClipBoard() const {
     if (!mHost || !mHost->putClipboard) return;
     KeyClipboard_cls::Rows rows;
     bool any = false;
-    ForEach([&](Parameters_cls& parameter) {
+    ForEach(*this, [&](const Parameters_cls& parameter) {
         rows.push_back(parameter.GetSelectedKeys());
         any = any || !rows.back().empty();
     });
@@ -248,7 +247,7 @@ int ParamGroup_cls::PasteKeyFrameFromClipBoard(double t) {
     const double offset = Parameters_cls::ResolveTime(t) - KeyClipboard_cls::GetFirstTime(rows);
     auto row = rows.begin();
     int count = 0;
-    ForEach([&](Parameters_cls& parameter) {
+    ForEach(*this, [&](Parameters_cls& parameter) {
         if (row != rows.end()) count += parameter.PasteKeys(*row++, offset);
     });
     return count;
@@ -259,7 +258,6 @@ void ParamGroup_cls::CreateKeyDLG(double t) {
 }
 
 // Text
-// ---------------------------------------------------------------------------------------------------------
 
 wxString ParamGroup_cls::Serialize() const {
     if (mContainer) return SerializeChilds();

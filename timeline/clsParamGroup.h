@@ -9,12 +9,12 @@
 #include "CONFITEM/clsConfItemList.h"
 #include "timeline/clsParameters.h"
 
-/// The parameters of one setting (a position has three, a colour four), keyed as one, and a tree of further
-/// groups. A group owns its parameters, which never move in memory. A child is either owned or only linked:
-/// the groups of filters, lights and curves belong to those and hang in the tree of the core as long as they
+/// The parameters of one setting (a position has three, a colour four), keyed as one, and a tree of groups.
+/// A group owns its parameters, which never move in memory. A child is either owned or only linked: the
+/// groups of filters, lights and curves belong to those, and hang in the tree of the core as long as they
 /// live. A group that is destroyed leaves its parent. Operations on keys act at once on all parameters of the
-/// group and of its children; see Parameters_cls for times, undo and failures. Threads: GUI thread;
-/// GetInterpolatedValue4Fast() on any thread while no key is edited.
+/// group and of the groups below it unless said otherwise; see Parameters_cls for times, undo and failures.
+/// Threads: GUI thread; GetInterpolatedValue4Fast() on any thread while no key is edited.
 class ParamGroup_cls {
   public:
     /// A group of `dimension` parameters. Each has the identifier `identifier` + "." + its component's name.
@@ -34,7 +34,6 @@ class ParamGroup_cls {
     const Parameters_cls& GetParameter(int i) const { return mParameters.at(static_cast<size_t>(i)); }
 
     // Tree
-    // -----------------------------------------------------------------------------------------------------
 
     /// Links a group that someone else owns. False, and nothing changed, for one that has a parent already,
     /// the group itself or one it hangs under.
@@ -54,7 +53,6 @@ class ParamGroup_cls {
     void ReplaceID(const wxString& oldID, const wxString& newID);
 
     // Evaluation
-    // -----------------------------------------------------------------------------------------------
 
     /// The values at t; with t = -1.0 each current value as last evaluated, without evaluating again.
     std::vector<double> GetInterpolatedValue(double t = Parameters_cls::kCurrentTime,
@@ -64,7 +62,6 @@ class ParamGroup_cls {
                                    double resolution = Parameters_cls::kDisplayResolution) const;
 
     // Keys
-    // -----------------------------------------------------------------------------------------------------
     // `range`: how far a key may be from t to count as the one at t. Tracks of the timeline pass half a
     // display step, so that an edit on a frame meets the key shown there.
 
@@ -82,7 +79,7 @@ class ParamGroup_cls {
     void DeleteKey(double t = Parameters_cls::kCurrentTime, double range = Parameters_cls::kSameTime);
     int DeleteSelectedKey();
     void SetTimeDependent(bool timeDependent);
-    /// True when every own parameter has a key at t; a container asks its children.
+    /// True when there are parameters and each has a key at t.
     bool IsKeyFrameAll(double t = Parameters_cls::kCurrentTime,
                        double range = Parameters_cls::kSameTime) const;
     int SelectKeyFrameRegion(double from, double to);
@@ -94,20 +91,19 @@ class ParamGroup_cls {
     void RemapKeys(double factor);
     void Quantize(double resolution = Parameters_cls::kDisplayResolution);
     void Flip();
-    /// Rotates the keys of the first `count` components: each takes those of the next, the last those of the
-    /// first. Nothing happens when the group has fewer.
+    /// Rotates the keys of the first `count` own parameters: each takes those of the next, the last those of
+    /// the first. Nothing happens when the group has fewer.
     void Swap(int count = 3);
-    /// Copies keys and settings of the parameters, as many as both groups have.
+    /// Copies keys and settings of the own parameters, as many as both groups have.
     void CopyFromP(const ParamGroup_cls& other);
     /// The same with the group's settings and, child by child in order, the trees below.
     void CopyParamGroupFromP(const ParamGroup_cls& other);
 
     /// The selected keys of all components, and back into components of the same order.
-    void CopyKeyFrameToClipBoard();
+    void CopyKeyFrameToClipBoard() const;
     int PasteKeyFrameFromClipBoard(double t = Parameters_cls::kCurrentTime);
 
     // Display
-    // --------------------------------------------------------------------------------------------------
 
     bool IsShown() const { return mShown; }
     void SetShown(bool shown) { mShown = shown; }
@@ -118,7 +114,6 @@ class ParamGroup_cls {
     void CreateKeyDLG(double t = Parameters_cls::kCurrentTime);
 
     // Text
-    // -----------------------------------------------------------------------------------------------------
 
     /// Header, settings, "Start" and the parameters; of a container the texts of its children.
     wxString Serialize() const;
@@ -133,8 +128,8 @@ class ParamGroup_cls {
 
   private:
     /// Calls the function with every parameter of the group and of the groups below.
-    template <class Function>
-    void ForEach(const Function& function);
+    template <class Group, class Function>
+    static void ForEach(Group& group, const Function& function);
     static void SetOne(Parameters_cls& parameter, double value, bool addKey, double time, double range);
     void SetUpItems();
     void ReadBlock(LineStream_cls& stream);

@@ -7,9 +7,9 @@
 class Parameters_cls;
 class ParamGroup_cls;
 
-/// What parameters and groups reach above themselves: panels, snapshots that keys tag, the clipboard,
-/// dialogs. One is made by the core, given at construction and shared; any function, and the host itself, may
-/// be missing. Threads: called on the GUI thread only.
+/// What parameters and groups reach above themselves: panels, snapshots that keys tag, clipboard, dialogs.
+/// One is made by the core, given at construction and shared; any function, and the host itself, may be
+/// missing. Threads: called on the GUI thread only.
 struct ParamHost_cls {
     /// Keys or settings of a parameter have changed: panels refresh, snapshots are tagged anew.
     std::function<void(const Parameters_cls&)> keysChanged;

@@ -49,7 +49,6 @@ void Parameters_cls::Changed() const {
 }
 
 // Evaluation
-// ---------------------------------------------------------------------------------------------------
 
 double Parameters_cls::Evaluate(double t, double resolution) const {
     if (mKeys.empty()) return 0.0;
@@ -81,7 +80,6 @@ double Parameters_cls::CalcVelocity(int i, int j) const {
 }
 
 // Settings
-// -----------------------------------------------------------------------------------------------------
 
 void Parameters_cls::SetTimeDependent(bool timeDependent) {
     mTimeDepend.mValue = timeDependent;
@@ -102,7 +100,6 @@ void Parameters_cls::InitSet(double value, unsigned int type) {
 }
 
 // Keys: asking
-// -------------------------------------------------------------------------------------------------
 
 int Parameters_cls::GetSelectedKeyNum() const {
     return static_cast<int>(
@@ -151,7 +148,6 @@ double Parameters_cls::GetPrevKeyPosDoubleIndex(double t) const {
 }
 
 // Keys: editing
-// ------------------------------------------------------------------------------------------------
 
 size_t Parameters_cls::PlaceAmongEquals(size_t place, int index) {
     if (!HasKey(index) || mKeys[static_cast<size_t>(index)].mTime != mKeys[place].mTime) return place;
@@ -225,7 +221,7 @@ int Parameters_cls::InsertKey(double t) {
         const size_t segment = Curve().FindSegment(time, 0.0);
         key.mType = mKeys[segment].mType;
         key.mValue = Curve().Evaluate(time, 0.0);
-        key.mVelocity = Curve().VelocityAt(time);
+        key.mVelocity = Curve().HermiteVelocityAt(time);
     }
     return AddKey(key);
 }
@@ -354,7 +350,6 @@ void Parameters_cls::SetState(const State& state) {
 }
 
 // Clipboard
-// ----------------------------------------------------------------------------------------------------
 
 std::vector<KeyFrame_cls> Parameters_cls::GetSelectedKeys() const {
     std::vector<KeyFrame_cls> keys;
@@ -391,7 +386,6 @@ int Parameters_cls::PasteKeyFrameFromClipBoard(double t) {
 }
 
 // Text
-// ---------------------------------------------------------------------------------------------------------
 
 wxString Parameters_cls::Serialize() const {
     // Automatic tangents are written as they follow from the rounded numbers beside them, because that is

@@ -14,12 +14,13 @@
 class LineStream_cls;
 
 /// One scalar setting, constant or animated by keys. Owned by its group.
-/// The operations here act at once; undo commands call them and keep what they need to go back: the whole key
-/// for one key, the State for everything else.
-/// Keys are always sorted by time and finite: an operation that would break this changes nothing. The
-/// tangents of automatic keys are up to date after every operation, and the host is told once. Units: the key
-/// axis is the normalised time, 0 to 1 over the scene. Where -1.0 is the default, it means the timeline's
-/// current time and display step. Threads: GUI thread; Evaluate() on any thread while no key is edited.
+/// The operations here act at once, and the host is told. Undo commands call them and keep what they need to
+/// go back: the whole key for one key, the State for everything else. Keys are always sorted by time and
+/// finite: an operation that would break this changes nothing. The tangents of automatic keys are up to date
+/// after every operation; a single key keeps the tangent it has, so that the way back from a second key to
+/// one is the State. Units: the key axis is the normalised time, 0 to 1 over the scene. A default of -1.0
+/// means the timeline's current time, or its display step. Threads: GUI thread; Evaluate() on any thread
+/// while no key is edited.
 class Parameters_cls {
   public:
     /// Two times closer than this are one: files keep nine decimals of a time.
@@ -52,7 +53,6 @@ class Parameters_cls {
     std::weak_ptr<const void> GetLife() const { return mLife; }
 
     // Evaluation
-    // -----------------------------------------------------------------------------------------------
 
     /// The value at t; stored as the current value.
     double GetInterpolatedValue(double t = kCurrentTime, double resolution = kDisplayResolution);
@@ -70,7 +70,6 @@ class Parameters_cls {
     void SetCurrentValue(double value) { mCurrentValue = value; }
 
     // Settings
-    // -------------------------------------------------------------------------------------------------
 
     bool IsTimeDependent() const { return mTimeDepend.mValue; }
     void SetTimeDependent(bool timeDependent);
@@ -80,7 +79,6 @@ class Parameters_cls {
     void InitSet(double value, unsigned int type = KeyFrame_cls::kLinear);
 
     // Keys
-    // -----------------------------------------------------------------------------------------------------
     // A key index that does not exist changes nothing and gives -1, false or 0.
 
     const std::vector<KeyFrame_cls>& GetKeys() const { return mKeys; }
@@ -98,14 +96,13 @@ class Parameters_cls {
 
     /// Overwrites the key at this time, or adds one. Returns its index.
     int SetKey(double time, unsigned int type, double value, double velocity = 0.0, double easeFactor = 0.0);
-    /// Adds a whole key, even where one is: behind the keys of its time, or as number `index` if that is one
-    /// of their places. Returns its index.
+    /// Adds a whole key, even where one is: behind the keys of its time, or at `index` if that is one of
+    /// their places. Returns its index.
     int AddKey(const KeyFrame_cls& key, int index = -1);
     /// Puts a whole key in place of key i. It passes the keys that it must and no more, or comes to `index`
     /// as in AddKey(). Returns its new index.
     int OverwriteKey(int i, const KeyFrame_cls& key, int index = -1);
-    /// Adds a key on the curve, of the type of the segment it divides. Where a key is already, only returns
-    /// it.
+    /// Adds a key on the curve, of the type of the segment it divides. Where a key is already, returns that.
     int InsertKey(double t = kCurrentTime);
     bool DeleteKey(int i);
     /// Deletes the selected keys; one key always stays, since a parameter without keys would fall to 0.
@@ -130,8 +127,7 @@ class Parameters_cls {
     int SelectKeyFrameRegion(double from, double to);
     void DeselectAll();
 
-    /// Stretches the key axis: times times the factor, tangents divided by it, so that the curve keeps its
-    /// shape. The factor must be positive.
+    /// Stretches the key axis by a positive factor. Tangents shrink as it grows: the curve keeps its shape.
     void RemapKeys(double factor);
     /// Moves every key to the nearest display step. Keys that meet stay in their order.
     void Quantize(double resolution = kDisplayResolution);
@@ -155,11 +151,9 @@ class Parameters_cls {
     void CopyFromP(const Parameters_cls& other) { SetState(other.GetState()); }
 
     // Clipboard: text, so that keys travel to another running program
-    // -------------------------------------------
 
     std::vector<KeyFrame_cls> GetSelectedKeys() const;
-    /// Adds keys at their time plus the offset, in place of keys at the same times; only they are selected
-    /// then.
+    /// Adds keys, moved by the offset, in place of keys at the same times. Only they are selected then.
     int PasteKeys(const std::vector<KeyFrame_cls>& keys, double offset);
     /// Nothing happens when no key is selected.
     void CopyKeyFrameToClipBoard() const;
@@ -167,7 +161,6 @@ class Parameters_cls {
     int PasteKeyFrameFromClipBoard(double t = kCurrentTime);
 
     // Text
-    // -----------------------------------------------------------------------------------------------------
 
     wxString Serialize() const;
     /// Reads the block whose header is in `line`; false, and nothing read, for any other line. A line that
