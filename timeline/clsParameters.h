@@ -144,6 +144,7 @@ class Parameters_cls {
         std::vector<KeyFrame_cls> keys;
         bool timeDependent = false;
         int periodic = 0;
+        bool operator==(const State&) const = default;
     };
     State GetState() const;
     void SetState(const State& state);

@@ -39,6 +39,12 @@ void TimeCtrl_cls::PublishTime() const {
     Parameters_cls::msCurrentDoubleIndex = GetDoubleIndex();
 }
 
+void TimeCtrl_cls::KeepPlaceInside() {
+    if (mPlace.frame > GetMaxFrame()) mPlace = {GetMaxFrame(), 0};
+    mPlace.step = std::min(mPlace.step, mSettings.GetAnimInterp() - 1);
+    PublishTime();
+}
+
 void TimeCtrl_cls::SetMotionBlur(int samples, float span) {
     mMotionBlur.Set(samples, span);
     PublishTime();
@@ -219,9 +225,9 @@ void TimeCtrl_cls::ApplyValue(TimeValue which, int value) {
         default:
             mSettings.Set(which, value);
     }
-    mPlace.step = std::min(mPlace.step, mSettings.GetAnimInterp() - 1);
     if (which == TimeValue::UseTimeRemap) HideAndShowRemap();
     if (which == TimeValue::UseMotionBlur) mMotionBlur.Restart();
+    if (which == TimeValue::AnimInterp) KeepPlaceInside();
     PublishTime();
 }
 
@@ -339,8 +345,7 @@ void TimeCtrl_cls::CheckAfterMaxFrameChange(int oldMaxFrame) {
     const FrameRange area = mSettings.GetActiveArea();
     ApplyValue(TimeValue::ActiveAreaMin, area.first);
     ApplyValue(TimeValue::ActiveAreaMax, area.last);
-    if (mPlace.frame > maxFrame) mPlace = {maxFrame, 0};
-    PublishTime();
+    KeepPlaceInside();
 }
 
 void TimeCtrl_cls::CheckWorkingArea() {
@@ -452,7 +457,7 @@ wxString TimeCtrl_cls::Serialize() const {
 
 bool TimeCtrl_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
     if (mSettings.ReadStrLine(line)) {
-        PublishTime();
+        KeepPlaceInside();
         HideAndShowRemap();
         return true;
     }

@@ -185,6 +185,7 @@ class TimeCtrl_cls {
     void PushValue(TimeValue which, int from, int to, bool alreadyDone);
     void GoTo(FramePlace place);
     void PublishTime() const;
+    void KeepPlaceInside();
 
     Parameters_cls& GetRemapCurve() { return mRemapGroup.GetParameter(0); }
     void ForEachParameter(const std::function<void(Parameters_cls&)>& function);
