@@ -1,24 +1,20 @@
 #include "interp/clsIDIndex.h"
 
-#include <sys/mman.h>
-#include <wx/thread.h>
-
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <bit>
 #include <functional>
-#include <new>
 #include <utility>
 
-#include "seam/clsThreadCheck.h"
+#include "seam/clsJoinedThread.h"
+#include "seam/clsUserMessage.h"
 
 namespace {
 
 /// A table by number needs 4 bytes an entry: up to this many entries a particle it is the smaller one.
 constexpr size_t kDenseEntriesPerParticle = 4;
 constexpr size_t kSmallTable = 4096;
-constexpr size_t kHugePage = size_t{2} << 20;
 /// Tables that do not fit into the processor's cache are worth a second thread.
 constexpr size_t kTwoThreads = 2000000;
 /// The entry that will be wanted after this many others is fetched from memory ahead of time.
@@ -26,9 +22,10 @@ constexpr size_t kAhead = 16;
 
 using RangeWork = std::function<void(size_t begin, size_t end)>;
 
-class HalfThread_cls final : public wxThread {
+class HalfThread_cls final : public JoinedThread_cls {
   public:
-    HalfThread_cls(const RangeWork& work, size_t end) : wxThread(wxTHREAD_JOINABLE), mWork(work), mEnd(end) {}
+    HalfThread_cls(const RangeWork& work, size_t end) : mWork(work), mEnd(end) {}
+    ~HalfThread_cls() override { Join(); }
     ExitCode Entry() override {
         mWork(0, mEnd);
         return nullptr;
@@ -43,16 +40,14 @@ class HalfThread_cls final : public wxThread {
 void OverRange(size_t count, const RangeWork& work) {
     if (count < kTwoThreads) return work(0, count);
     HalfThread_cls half(work, count / 2);
-    ExpectThread(half.Create());
-    ExpectThread(half.Run());
+    if (!half.Start()) MsgBoxExit("Can't create thread", "Error!");
     work(count / 2, count);
-    half.Wait();
 }
 
 }  // namespace
 
 /// Mixes all bits without losing any, so that only equal IDs have equal hashes.
-inline size_t IDIndex_cls::HomeSlot(int32_t id) const {
+inline size_t IDIndex_cls::HomeOf(int32_t id) const {
     auto hash = static_cast<uint32_t>(id);
     hash = (hash ^ (hash >> 16)) * 0x85ebca6bU;
     hash = (hash ^ (hash >> 13)) * 0xc2b2ae35U;
@@ -60,32 +55,21 @@ inline size_t IDIndex_cls::HomeSlot(int32_t id) const {
     return hash & (mSize - 1);
 }
 
-inline size_t IDIndex_cls::HashedSlot(int32_t id) const {
-    size_t slot = HomeSlot(id);
-    while (mHashed[slot].position >= 0 && mHashed[slot].id != id) slot = (slot + 1) & (mSize - 1);
-    return slot;
+inline size_t IDIndex_cls::HashedEntryOf(int32_t id) const {
+    const auto* table = mTable.As<Hashed>();
+    size_t entry = HomeOf(id);
+    while (table[entry].place != 0 && table[entry].id != id) entry = (entry + 1) & (mSize - 1);
+    return entry;
 }
 
-/// The table is filled in random order: on small pages the faults would cost more than the filling.
-template <class T>
-IDIndex_cls::Table<T> IDIndex_cls::MakeTable(size_t size, T empty) {
-    const size_t bytes = (size * sizeof(T) + kHugePage - 1) / kHugePage * kHugePage;
-    Table<T> table(static_cast<T*>(std::aligned_alloc(kHugePage, bytes)));
-    if (!table) throw std::bad_alloc();
-    madvise(table.get(), bytes, MADV_HUGEPAGE);
-    OverRange(size, [&](size_t begin, size_t end) {
-        std::uninitialized_fill(table.get() + begin, table.get() + end, empty);
-    });
-    return table;
+inline int IDIndex_cls::PositionIn(size_t entry) const {
+    return (mIsDense ? mTable.As<int32_t>()[entry] : mTable.As<Hashed>()[entry].place) - 1;
 }
 
-IDIndex_cls::IDIndex_cls(std::span<const int32_t> ids) {
-    mRange = FindRange(ids);
-    if (mRange.size <= std::max(kSmallTable, kDenseEntriesPerParticle * ids.size())) {
-        if (BuildDense(ids)) BuildLists(ids);
-    } else {
-        if (BuildHashed(ids)) BuildLists(ids);
-    }
+IDIndex_cls::IDIndex_cls(std::span<const int32_t> ids)
+    : mRange(FindRange(ids)),
+      mIsDense(mRange.size <= std::max(kSmallTable, kDenseEntriesPerParticle * ids.size())) {
+    if (mIsDense ? BuildDense(ids) : BuildHashed(ids)) BuildLists(ids);
 }
 
 IDIndex_cls::Range IDIndex_cls::FindRange(std::span<const int32_t> ids) {
@@ -108,31 +92,31 @@ IDIndex_cls::Range IDIndex_cls::FindRange(std::span<const int32_t> ids) {
 
 bool IDIndex_cls::BuildDense(std::span<const int32_t> ids) {
     mSize = mRange.size + 1;
-    mDense = MakeTable<int32_t>(mSize, -1);
-    OverRange(ids.size(), [table = mDense.get(), range = mRange, ids](size_t begin, size_t end) {
+    mTable = LargeMemory_cls(mSize * sizeof(int32_t));
+    OverRange(ids.size(), [table = mTable.As<int32_t>(), range = mRange, ids](size_t begin, size_t end) {
         for (size_t j = begin; j < end; ++j) {
             // Threads can meet in an entry, and either may win: an ID that repeats is looked up in the lists.
-            const std::atomic_ref<int32_t> entry(table[range.SlotOf(ids[j])]);
-            entry.store(static_cast<int32_t>(j), std::memory_order_relaxed);
+            const std::atomic_ref<int32_t> place(table[range.EntryOf(ids[j])]);
+            place.store(static_cast<int32_t>(j + 1), std::memory_order_relaxed);
         }
     });
     std::atomic<size_t> used{0};
-    OverRange(mSize, [&used, table = mDense.get()](size_t begin, size_t end) {
-        const auto empty = std::count(table + begin, table + end, -1);
-        used += end - begin - static_cast<size_t>(empty);
+    OverRange(mSize, [&used, table = mTable.As<int32_t>()](size_t begin, size_t end) {
+        used += end - begin - static_cast<size_t>(std::count(table + begin, table + end, 0));
     });
     return used != ids.size();
 }
 
 bool IDIndex_cls::BuildHashed(std::span<const int32_t> ids) {
     mSize = std::bit_ceil(ids.size() + ids.size() / 2);
-    mHashed = MakeTable<Slot>(mSize, Slot{});
+    mTable = LargeMemory_cls(mSize * sizeof(Hashed));
+    auto* table = mTable.As<Hashed>();
     bool repeated = false;
     for (size_t j = 0; j < ids.size(); ++j) {
-        if (j + kAhead < ids.size()) __builtin_prefetch(&mHashed[HomeSlot(ids[j + kAhead])], 1);
-        Slot& slot = mHashed[HashedSlot(ids[j])];
-        repeated = repeated || slot.position >= 0;
-        slot = {.id = ids[j], .position = static_cast<int32_t>(j)};
+        if (j + kAhead < ids.size()) __builtin_prefetch(&table[HomeOf(ids[j + kAhead])], 1);
+        Hashed& entry = table[HashedEntryOf(ids[j])];
+        repeated = repeated || entry.place != 0;
+        entry = {.id = ids[j], .place = static_cast<int32_t>(j + 1)};
     }
     return repeated;
 }
@@ -140,32 +124,33 @@ bool IDIndex_cls::BuildHashed(std::span<const int32_t> ids) {
 void IDIndex_cls::BuildLists(std::span<const int32_t> ids) {
     // The counts stand two entries further on, so that filling turns them into the begins.
     mListBegin.resize(mSize + 2);
-    for (const int32_t id : ids) ++mListBegin[SlotOf(id) + 2];
-    for (size_t slot = 2; slot < mListBegin.size(); ++slot) mListBegin[slot] += mListBegin[slot - 1];
+    for (const int32_t id : ids) ++mListBegin[EntryOf(id) + 2];
+    for (size_t entry = 2; entry < mListBegin.size(); ++entry) mListBegin[entry] += mListBegin[entry - 1];
     mList.resize(ids.size());
     for (size_t j = 0; j < ids.size(); ++j) {
-        mList[mListBegin[SlotOf(ids[j]) + 1]++] = static_cast<int32_t>(j);
+        mList[mListBegin[EntryOf(ids[j]) + 1]++] = static_cast<int32_t>(j);
     }
 }
 
 void IDIndex_cls::Find(std::span<const int32_t> ids, int32_t* positions) const {
-    if (mDense) {
+    if (mIsDense) {
+        const auto* table = mTable.As<int32_t>();
         const Range range = mRange;
-        for (size_t k = 0; k < ids.size(); ++k) positions[k] = mDense[range.SlotOf(ids[k])];
+        for (size_t k = 0; k < ids.size(); ++k) positions[k] = table[range.EntryOf(ids[k])] - 1;
         return;
     }
-    for (const int32_t id : ids) __builtin_prefetch(&mHashed[HomeSlot(id)]);
-    for (size_t k = 0; k < ids.size(); ++k) positions[k] = mHashed[HashedSlot(ids[k])].position;
+    for (const int32_t id : ids) __builtin_prefetch(&mTable.As<Hashed>()[HomeOf(id)]);
+    for (size_t k = 0; k < ids.size(); ++k) positions[k] = PositionIn(HashedEntryOf(ids[k]));
 }
 
 int IDIndex_cls::FindFirst(int32_t id, int begin, int end) const {
-    const size_t slot = SlotOf(id);
+    const size_t entry = EntryOf(id);
     if (IsUnique()) {
-        const int32_t position = mDense ? mDense[slot] : mHashed[slot].position;
+        const int position = PositionIn(entry);
         return position >= begin && position < end ? position : -1;
     }
-    const auto first = mList.begin() + mListBegin[slot];
-    const auto last = mList.begin() + mListBegin[slot + 1];
+    const auto first = mList.begin() + mListBegin[entry];
+    const auto last = mList.begin() + mListBegin[entry + 1];
     const auto found = std::lower_bound(first, last, begin);
     return found != last && *found < end ? *found : -1;
 }

@@ -8,13 +8,16 @@
 #include "data/clsDataLoader.h"
 #include "interp/clsThreadInterpolatorBlock.h"
 #include "seam/clsEventSink.h"
-#include "seam/clsThreadCheck.h"
+#include "seam/clsUserMessage.h"
 
 std::atomic<ThreadInterpolator_cls*> GpCThreadInterpolate{nullptr};
 std::atomic<bool> GbThreadInterpolateFinished{true};
 std::atomic<bool> GbGLLockForInterplateData{false};
 
 namespace {
+
+/// The rate stage that was started last; it may have ended. GUI thread only.
+std::unique_ptr<ThreadInterpolator_cls> lastInterpolator;
 
 /// Up to this many particles that are not where they were are searched for by scanning. More are worth an
 /// index.
@@ -49,21 +52,20 @@ void ClearWorkFrom(const RateArrays_cls& arrays, int begin) {
 
 }  // namespace
 
-bool ThreadInterpolator_cls::Start(const Task& task) {
+bool ThreadInterpolator_cls::StartInterpolating(const Task& task) {
     if (GpCThreadInterpolate.load(std::memory_order_acquire)) return false;
+    // The one before may be finished and yet at its last acts; joined first, it can not undo what follows.
+    JoinLast();
+    lastInterpolator = std::make_unique<ThreadInterpolator_cls>();
     GbThreadInterpolateFinished.store(false, std::memory_order_release);
-    auto thread = std::make_unique<ThreadInterpolator_cls>();
-    GpCThreadInterpolate.store(thread.get(), std::memory_order_release);
-    thread->SetParameters(task);
-    // From here on the thread owns itself.
-    ExpectThread(thread.release()->Run());
+    GpCThreadInterpolate.store(lastInterpolator.get(), std::memory_order_release);
+    lastInterpolator->SetParameters(task);
+    if (!lastInterpolator->Start()) MsgBoxExit("Can't create thread", "Error!");
     return true;
 }
 
-void ThreadInterpolator_cls::SetParameters(const Task& task) {
-    mTask = task;
-    if (mTask.dt == 0.0F) mTask.dt = 1.0F;
-    ExpectThread(Create());
+void ThreadInterpolator_cls::JoinLast() {
+    lastInterpolator.reset();
 }
 
 wxThread::ExitCode ThreadInterpolator_cls::Entry() {
@@ -71,7 +73,7 @@ wxThread::ExitCode ThreadInterpolator_cls::Entry() {
     mTask.interpolated->store(true, std::memory_order_release);
     GbThreadInterpolateFinished.store(true, std::memory_order_release);
     EventSink_cls::PostToFrame(EventSink_cls::kRedraw);
-    // Whoever saw the end may have registered the next one already.
+    // The last act. Whoever waited may have cleared the pointer.
     ThreadInterpolator_cls* self = this;
     GpCThreadInterpolate.compare_exchange_strong(self, nullptr);
     return nullptr;
@@ -94,6 +96,8 @@ void ThreadInterpolator_cls::ComputeRates(const Task& task) {
         }
         return;
     }
+    // Snapshots of one time, as a last snapshot and itself, are taken to be one time unit apart.
+    const float dt = task.dt == 0.0F ? 1.0F : task.dt;
     const int matched = std::max(std::min(arrays.mCountA, arrays.mCountB), 0);
     const bool searched = task.variableNumber == DataLoader_cls::kVariable;
     const bool sorted = task.variableNumber == DataLoader_cls::kSortByID;
@@ -103,15 +107,15 @@ void ThreadInterpolator_cls::ComputeRates(const Task& task) {
     std::vector<std::unique_ptr<ThreadInterpolatorBlock_cls>> workers;
     for (int w = 0; w < shares.GetWorkers(); ++w) {
         workers.push_back(std::make_unique<ThreadInterpolatorBlock_cls>());
-        workers.back()->SetParameters(arrays, shares, w, task.dt, task.variableNumber, task.periodic,
-                                      index.get());
+        workers.back()->SetParameters(arrays, shares, w, dt, task.variableNumber, task.periodic, index.get());
     }
     // Where no kernel is made for the settings, nothing but the velocity that was read may be left.
     ClearWorkFrom(arrays, workers[0]->HasKernel() ? matched : 0);
 
     // The last worker is this thread itself, so that a small snapshot costs no further thread.
-    for (size_t w = 0; w + 1 < workers.size(); ++w) ExpectThread(workers[w]->Create());
-    for (size_t w = 0; w + 1 < workers.size(); ++w) ExpectThread(workers[w]->Run());
+    for (size_t w = 0; w + 1 < workers.size(); ++w) {
+        if (!workers[w]->Start()) MsgBoxExit("Can't create thread", "Error!");
+    }
     workers.back()->Entry();
-    for (size_t w = 0; w + 1 < workers.size(); ++w) workers[w]->Wait();
+    for (const auto& worker : workers) worker->Join();
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <wx/thread.h>
-
 #include "interp/clsIDIndex.h"
 #include "interp/clsPeriodicBoundary.h"
 #include "interp/clsRateArrays.h"
 #include "interp/clsWorkShares.h"
+#include "seam/clsJoinedThread.h"
 
 /// One worker of a rate stage: the rates of a share of A's particles. Owned by its ThreadInterpolator_cls.
 /// Threads: reads the arrays of A and B, writes only A's rates of the particles it has taken; runs as a
@@ -18,9 +17,9 @@
 /// position of an ID between two bounds, and that is what IDIndex_cls::FindFirst() answers without scanning.
 /// So the answers are the scan's; only the cost differs. Where no ID of B repeats there is only one position
 /// to ask about, and the five tries come down to: it lies in the widest window, or in the first tenth.
-class ThreadInterpolatorBlock_cls final : public wxThread {
+class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
   public:
-    ThreadInterpolatorBlock_cls() : wxThread(wxTHREAD_JOINABLE) {}
+    ~ThreadInterpolatorBlock_cls() override { Join(); }
 
     /// The shares hold particles of A that all exist in B; they and the index outlive the worker. Without an
     /// index the searches scan.
