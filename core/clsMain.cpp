@@ -5,6 +5,7 @@
 
 #include "core/clsCommandLoadData.h"
 #include "core/clsProjectFile.h"
+#include "data/clsThreadAsciiReader.h"
 #include "data/clsThreadFileReader.h"
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
@@ -25,7 +26,7 @@ constexpr int kCutLength = 8000;
 }  // namespace
 
 Main_cls::Main_cls(const wxString& programFolder)
-    : mProgramFolder(programFolder), mSeqCtrl(true, &mDrawOption), mTimeCtrl(MakeTimeHost()) {
+    : mProgramFolder(programFolder), mSeqCtrl(true), mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
     mDataLoader.SetOpenCommand([this](const wxString& path) { OpenDataFileCommand(path); });
@@ -96,7 +97,10 @@ void Main_cls::CloseData() {
 void Main_cls::WaitThreadFinish() {
     if (GpCThreadReader.load(std::memory_order_acquire)) PollUntil(GbThreadReaderFinished, kFinishPeriodMs);
     ThreadFileReader_cls::Retire();
-    ThreadInterpolator_cls::WaitFinish(kFinishPeriodMs);
+    if (GpCThreadInterpolate.load(std::memory_order_acquire))
+        PollUntil(GbThreadInterpolateFinished, kFinishPeriodMs);
+    ThreadInterpolator_cls::JoinLast();
+    GpCThreadInterpolate.store(nullptr, std::memory_order_release);
 }
 
 bool Main_cls::IsTheIndexReady(int index, double fraction) {
@@ -125,10 +129,9 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
     if (!snap.IsItLoaded() || snap.GetParticleNumber() == 0) return nullptr;
 
     const double tau = sequence.GetDT(index, fraction);
-    const int stride = std::max(mDrawOption.mDownSizing.mValue, 1);
     if (!mState) mState = std::make_unique<SnapData_cls>();
-    mState->Build(SnapSource_cls::Of(snap.GetBlock()),
-                  GLAttribute_cls::MakeSnapAttributes(sequence.GetAttributes()), tau, stride);
+    mState->Build(SnapSource_cls::Of(snap.GetBlock()), sequence.GetSnapAttributes(), tau,
+                  mDrawOption.GetStep());
     return mState.get();
 }
 
@@ -136,7 +139,10 @@ Parameters_cls* Main_cls::GetPCParamFromID(const wxString& identifier) {
     if (Parameters_cls* found = mTimeCtrl.GetRemapGroup().GetPCParamFromID(identifier)) return found;
     for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
         for (const auto& attribute : mSeqCtrl.GetSequence(i).GetAttributes()) {
-            if (Parameters_cls* found = attribute->GetPCParamFromID(identifier)) return found;
+            for (int curve = 0; curve < SnapAttribute_cls::kCurveCount; ++curve) {
+                ParamGroup_cls& group = attribute->GetCurve(curve).GetParamGroup();
+                if (Parameters_cls* found = group.GetPCParamFromID(identifier)) return found;
+            }
         }
     }
     return nullptr;
@@ -144,7 +150,8 @@ Parameters_cls* Main_cls::GetPCParamFromID(const wxString& identifier) {
 
 void Main_cls::ApplyPreferences() {
     mSeqCtrl.SetMemoryLimitMB(mPreference.mMemoryLimit.mValue);
-    GThreadNumberReadAscii.store(mPreference.mReaderThreads.mValue, std::memory_order_relaxed);
+    GThreadNumberReadAscii.store(static_cast<unsigned int>(std::max(mPreference.mReaderThreads.mValue, 0)),
+                                 std::memory_order_relaxed);
 }
 
 wxString Main_cls::GetConfigPath() const {

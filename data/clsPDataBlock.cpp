@@ -95,7 +95,7 @@ bool PDataBlock_cls::InterpolateData(const PDataBlock_cls& next) {
     task.interpolationType = mInterpolateType;
     task.variableNumber = mVariableNumber;
     if (mspCPeriodicLink) task.periodic = mspCPeriodicLink->GetRule();
-    return ThreadInterpolator_cls::Start(task);
+    return ThreadInterpolator_cls::StartInterpolating(task);
 }
 
 void PDataBlock_cls::Special_Copy(const PDataBlock_cls& other) {

@@ -13,10 +13,8 @@ constexpr int kSmallLimitMB = 768;
 
 }  // namespace
 
-PDataSeqCtrl_cls::PDataSeqCtrl_cls(bool largeLimit, DrawOption_cls* drawOption)
-    : mLimitMB(largeLimit ? kLargeLimitMB : kSmallLimitMB) {
-    for (unsigned int i = 0; i < kSequences; ++i)
-        mSequences[i] = std::make_unique<PDataSequence_cls>(i, drawOption);
+PDataSeqCtrl_cls::PDataSeqCtrl_cls(bool largeLimit) : mLimitMB(largeLimit ? kLargeLimitMB : kSmallLimitMB) {
+    for (unsigned int i = 0; i < kSequences; ++i) mSequences[i] = std::make_unique<PDataSequence_cls>(i);
 }
 
 void PDataSeqCtrl_cls::ClearData(int which, int snapshot, bool resetNames) {

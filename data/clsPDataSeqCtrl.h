@@ -17,7 +17,7 @@ class PDataSeqCtrl_cls {
     static constexpr int kActive = -1;
 
     /// A limit of 4096 MB when large, else 768.
-    PDataSeqCtrl_cls(bool largeLimit, DrawOption_cls* drawOption);
+    explicit PDataSeqCtrl_cls(bool largeLimit);
 
     PDataSequence_cls& GetActive() { return *mSequences[static_cast<size_t>(mActive)]; }
     const PDataSequence_cls& GetActive() const { return *mSequences[static_cast<size_t>(mActive)]; }

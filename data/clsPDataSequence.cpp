@@ -6,11 +6,10 @@
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
 #include "render/clsGLAttribute.h"
-#include "render/clsGLDrawData.h"
 #include "seam/clsDiagnostics.h"
 #include "seam/clsLineStream.h"
 
-PDataSequence_cls::PDataSequence_cls(unsigned int number, DrawOption_cls* drawOption) {
+PDataSequence_cls::PDataSequence_cls(unsigned int number) {
     mSnapshots.reserve(kMaxLength);
     for (int i = 0; i < kMaxLength; ++i) mSnapshots.push_back(std::make_unique<PDataSnap_cls>(*this, i));
     for (size_t i = 0; i < mSnapshots.size(); ++i) {
@@ -18,7 +17,7 @@ PDataSequence_cls::PDataSequence_cls(unsigned int number, DrawOption_cls* drawOp
                               i + 1 < mSnapshots.size() ? mSnapshots[i + 1].get() : nullptr);
     }
     for (int i = 0; i < kAttributes; ++i) {
-        mAttributes[static_cast<size_t>(i)] = std::make_unique<GLAttribute_cls>(number, i, drawOption);
+        mAttributes[static_cast<size_t>(i)] = std::make_unique<GLAttribute_cls>(number, i);
     }
     // The item never gets a value: its line reads "DataSequence0=NONE", and the name stands on the next one.
     mKeyItem.SetItem(wxString::Format("DataSequence%u=", number), {});
@@ -61,8 +60,14 @@ void PDataSequence_cls::Clear(int snapshot, bool reset) {
     GetSnap(snapshot).Clear(reset);
 }
 
+SnapAttributes_cls PDataSequence_cls::GetSnapAttributes() const {
+    SnapAttributes_cls all;
+    for (size_t i = 0; i < all.size(); ++i) all[i] = mAttributes[i]->GetSnapAttribute();
+    return all;
+}
+
 bool PDataSequence_cls::IsInterpolationNeeded(double fraction, bool interpolateAlways) const {
-    return SnapData_cls::IsInterpolateRequired(mAttributes) || fraction != 0.0 || interpolateAlways;
+    return SnapData_cls::IsInterpolateRequired(GetSnapAttributes()) || fraction != 0.0 || interpolateAlways;
 }
 
 void PDataSequence_cls::PrepareIndex(int index, double fraction, bool interpolateAlways, bool wait) {

@@ -9,9 +9,8 @@
 #include "data/clsFileSequence.h"
 #include "data/clsPDataSnap.h"
 
-class DrawOption_cls;
 class GLAttribute_cls;
-class GLDrawData_cls;
+struct SnapAttribute_cls;
 class LineStream_cls;
 
 /// A time series of snapshots named by one numbered file pattern, with the part of it that is in memory.
@@ -27,7 +26,7 @@ class PDataSequence_cls {
     /// Clear(): every snapshot.
     static constexpr int kAll = -2;
 
-    PDataSequence_cls(unsigned int number, DrawOption_cls* drawOption);
+    explicit PDataSequence_cls(unsigned int number);
     ~PDataSequence_cls();
     PDataSequence_cls(const PDataSequence_cls&) = delete;
     PDataSequence_cls& operator=(const PDataSequence_cls&) = delete;
@@ -80,6 +79,8 @@ class PDataSequence_cls {
         return *mSnapshots[static_cast<size_t>(ClampIndexWithinRange(index))];
     }
     const FileSequence_cls& GetFiles() const { return mFiles; }
+    /// What a drawable state takes from the four attributes.
+    std::array<SnapAttribute_cls, kAttributes> GetSnapAttributes() const;
     GLAttribute_cls& GetAttribute(int index) { return *mAttributes[static_cast<size_t>(index)]; }
     const std::array<std::unique_ptr<GLAttribute_cls>, kAttributes>& GetAttributes() const {
         return mAttributes;
@@ -104,7 +105,6 @@ class PDataSequence_cls {
 
     std::vector<std::unique_ptr<PDataSnap_cls>> mSnapshots;
     std::array<std::unique_ptr<GLAttribute_cls>, kAttributes> mAttributes;
-    std::unique_ptr<GLDrawData_cls> mDrawData;
     FileSequence_cls mFiles;
     ConfItemSTR_cls mKeyItem;
     std::function<void(const PDataBlock_cls&)> mReleaseObserver;

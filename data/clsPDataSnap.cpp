@@ -1,5 +1,8 @@
 #include "data/clsPDataSnap.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "data/clsPDataSequence.h"
 #include "data/clsThreadFileReader.h"
 #include "interp/clsThreadInterpolator.h"
@@ -54,6 +57,7 @@ void PDataSnap_cls::StartReading() {
     const auto reading = mBlock->LoadData(mFilePath);
     // Refused, because another reader is registered: not requested, so that whoever needs it asks again.
     mReadRequested = reading == PDataBlock_cls::Reading::Started;
+    mReportWaits = mReadRequested;
     // The file vanished after it was found valid: the instant draws nothing, and nothing waits for it.
     if (reading == PDataBlock_cls::Reading::CannotOpen) mFileState = FileState::Unreadable;
 }
@@ -88,6 +92,7 @@ void PDataSnap_cls::WaitThreadInterpolate(const PDataSnap_cls& snapshot, bool wh
     if (!GpCThreadInterpolate.load(std::memory_order_acquire) || snapshot.IsBusy() != which) return;
     GbGLLockForInterplateData.store(true, std::memory_order_release);
     PollUntil(GbThreadInterpolateFinished, kInterpolatorPeriodMs);
+    ThreadInterpolator_cls::JoinLast();
     GpCThreadInterpolate.store(nullptr, std::memory_order_release);
     GbGLLockForInterplateData.store(false, std::memory_order_release);
 }
@@ -132,6 +137,7 @@ void PDataSnap_cls::Clear(bool reset) {
 
 std::vector<wxString> PDataSnap_cls::TakeProblems() {
     if (!IsLoaded()) return {};
+    if (std::exchange(mReportWaits, false)) mBlock->FinishLoadingData(mFilePath);
     std::vector<wxString> problems = mBlock->TakeProblems();
     if (mProblemsTold) return {};
     mProblemsTold = !problems.empty();

@@ -99,6 +99,7 @@ class PDataSnap_cls {
     double mTime = kNoTime;
     bool mTagged = false;
     bool mProblemsTold = false;
+    bool mReportWaits = false;  ///< what the reader found has not been looked at
     wxString mFilePath;
     FileState mFileState = FileState::Unchecked;
     bool mReadRequested = false;

@@ -8,7 +8,8 @@
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsThreadFileReader.h"
 #include "interp/clsThreadInterpolator.h"
-#include "render/clsDrawOption.h"
+#include "seam/clsClock.h"
+#include "seam/clsLineStream.h"
 #include "support/SampleData.h"
 #include "support/TempFolder.h"
 
@@ -41,7 +42,7 @@ class CacheTest : public ::testing::Test {
     static std::string Name(int i) { return "s" + std::to_string(10000 + i) + ".dat"; }
 
     PDataSequence_cls& Open() {
-        mControl = std::make_unique<PDataSeqCtrl_cls>(true, &mDrawOption);
+        mControl = std::make_unique<PDataSeqCtrl_cls>(true);
         mControl->OpenDataFile(mFolder.File(Name(0)));
         return mControl->GetActive();
     }
@@ -58,7 +59,6 @@ class CacheTest : public ::testing::Test {
 
     TempFolder_cls mFolder;
     DataLoader_cls mLoader;
-    DrawOption_cls mDrawOption;
     std::unique_ptr<PDataSeqCtrl_cls> mControl;
 };
 
@@ -95,7 +95,7 @@ TEST_F(CacheTest, WithoutWaitingOnlyTheNextStepIsStarted) {
     while (!sequence.IsTheIndexReady(0, 0.5, false)) {
         sequence.PrepareIndex(0, 0.5, false, false);
         ASSERT_LT(++rounds, 10000);
-        wxMilliSleep(1);
+        Clock_cls::Current().Sleep(1);
     }
     EXPECT_EQ(sequence.GetLoadedFrameNumber(), 2);
 }
@@ -121,7 +121,7 @@ TEST_F(CacheTest, MissingFilesAreReadyAndNothingMovesTowardsThem) {
 }
 
 TEST_F(CacheTest, EmptySequencesAnswerHarmlessly) {
-    mControl = std::make_unique<PDataSeqCtrl_cls>(false, &mDrawOption);
+    mControl = std::make_unique<PDataSeqCtrl_cls>(false);
     PDataSequence_cls& sequence = mControl->GetActive();
     EXPECT_EQ(mControl->GetMemoryLimitMB(), 768);
     EXPECT_EQ(sequence.GetSeqLength(), 0);
@@ -202,7 +202,7 @@ TEST_F(CacheTest, TheSequenceIsWrittenAndReadWithItsFile) {
     EXPECT_TRUE(text.StartsWith("DataSequence0=NONE\n" + mFolder.File(Name(0)) + "\nSEQ0TYPE0DrawType=0\n"))
         << text;
 
-    PDataSeqCtrl_cls other(true, &mDrawOption);
+    PDataSeqCtrl_cls other(true);
     LineStream_cls stream(text.utf8_string());
     wxString line;
     while (stream.ReadLine(line)) other.ReadStrLine(stream, line);
