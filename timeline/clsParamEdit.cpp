@@ -137,6 +137,7 @@ void ParamEdit_cls::ChangeGroup(const wxString& name, ParamGroup_cls& group,
     std::vector<Parameters_cls*> parameters;
     Gather(group, parameters);
     std::vector<Changed> changes;
+    changes.reserve(parameters.size());
     for (Parameters_cls* parameter : parameters) changes.push_back({parameter, parameter->GetState(), {}});
     edit();
     for (Changed& change : changes) change.after = change.parameter->GetState();

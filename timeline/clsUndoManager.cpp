@@ -21,7 +21,6 @@ void UndoManager_cls::PushNewCommand(Command doCommand, Command undoCommand) {
 }
 
 // Walking the list
-// -------------------------------------------------------------------------------------------
 
 /// Runs the command at the cursor and moves the cursor on. False when the walk must stop here: at the end of
 /// the list, or because the command has cleared it.
@@ -124,7 +123,6 @@ void UndoManager_cls::SkipCurrent() {
 }
 
 // Blocks
-// -----------------------------------------------------------------------------------------------------
 
 void UndoManager_cls::OpenBlock(const wxString& name) {
     if (mRunning) return;
@@ -152,7 +150,6 @@ void UndoManager_cls::ChangeBlockDepth(int change) {
 }
 
 // Taking entries out
-// -----------------------------------------------------------------------------------------
 
 void UndoManager_cls::Erase(size_t i) {
     if (mDrag && i < mDrag->start) --mDrag->start;
@@ -199,7 +196,6 @@ void UndoManager_cls::DropLongStep() {
 }
 
 // Drags
-// ------------------------------------------------------------------------------------------------------
 
 void UndoManager_cls::BeginDrag(const wxString& name) {
     if (mRunning) return;
@@ -237,7 +233,6 @@ void UndoManager_cls::CancelDrag() {
 }
 
 // What the menus show
-// ----------------------------------------------------------------------------------------
 
 wxString UndoManager_cls::GetUndoName() const {
     return mHistory.GetStepName(mHistory.StepBegin(GetCursor(), mBlockDepth), GetCursor());
@@ -256,7 +251,6 @@ int UndoManager_cls::GetRedoCommandType(size_t i) const {
 }
 
 // Refreshing
-// -------------------------------------------------------------------------------------------------
 
 int UndoManager_cls::AddObserver(Observer observer) {
     mObservers.emplace_back(++mNextObserver, std::move(observer));
