@@ -25,6 +25,7 @@ class CacheTest : public ::testing::Test {
     ~CacheTest() override {
         mControl.reset();
         ThreadFileReader_cls::Retire();
+        ThreadInterpolator_cls::JoinLast();
         PDataBlock_cls::mspCDataLoaderLink = nullptr;
     }
 
