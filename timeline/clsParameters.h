@@ -51,6 +51,8 @@ class Parameters_cls {
     void SetID(const wxString& identifier) { mIdentifier = identifier; }
     /// The group that holds it, null for a single parameter.
     const ParamGroup_cls* GetGroup() const { return mGroup; }
+    /// Expires with the parameter, for undo commands, which may outlive it.
+    std::weak_ptr<const void> GetLife() const { return mLife; }
 
     // Evaluation
 
@@ -144,6 +146,7 @@ class Parameters_cls {
         std::vector<KeyFrame_cls> keys;
         bool timeDependent = false;
         int periodic = 0;
+        bool operator==(const State&) const = default;
     };
     State GetState() const;
     void SetState(const State& state);
@@ -201,4 +204,5 @@ class Parameters_cls {
     ConfItemBOOL_cls mTimeDepend;
     ConfItemINT_cls mPeriodic;
     double mCurrentValue = 0.0;
+    const std::shared_ptr<const void> mLife = std::make_shared<char>();
 };

@@ -1,0 +1,138 @@
+#include "timeline/clsParamEdit.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+#include "timeline/clsComParam.h"
+#include "timeline/clsUndoManager.h"
+
+namespace {
+
+class ParamEditTest : public ::testing::Test {
+  protected:
+    ParamEditTest() { GCUndoList.Clear(); }
+    ~ParamEditTest() override {
+        GCUndoList.Clear();
+        ComParamBase_cls::SetLookUp({});
+    }
+
+    int UpTo(size_t n) { return static_cast<int>(mRandom() % n); }
+    /// Coarse, so that keys meet often, and now and then none.
+    double Number() { return UpTo(50) == 0 ? std::nan("") : UpTo(9) / 8.0; }
+
+    /// Any edit the user can make.
+    void EditAtRandom() {
+        Parameters_cls& parameter = mGroup.GetParameter(UpTo(3));
+        ParamEdit_cls edit(parameter);
+        const int index = UpTo(parameter.GetKeys().size() + 1);
+        KeyFrame_cls key;
+        key.Set(Number(), static_cast<unsigned int>(UpTo(6)), Number(), Number(), Number(), UpTo(2) == 0);
+        const std::function<void()> edits[] = {
+            [&] { edit.SetKey(key.mTime, key.mType, key.mValue, key.mVelocity, key.mEaseFactor); },
+            [&] { edit.InsertKey(Number() + 0.01); },
+            [&] { edit.OverwriteKey(index, key); },
+            [&] { edit.MoveKey(index, Number()); },
+            [&] { UpTo(4) == 0 ? edit.ClearKeys(Number(), Number()) : edit.DeleteKey(index); },
+            [&] { edit.SetKeyType(index, key.mType); },
+            [&] {
+                edit.SetKeyTypeMulti({{index, key.mType}, {0, 2}, {-1, 3}});
+            },
+            [&] { edit.SetTimeDependent(key.mSelected); },
+            [&] { edit.Change("Period", [&](Parameters_cls& p) { p.SetPeriodic(UpTo(3)); }); },
+            [&] {
+                ParamEdit_cls::ChangeGroup("Swap", mGroup, [&] { UpTo(2) ? mGroup.Swap() : mGroup.Flip(); });
+            },
+            [&] {
+                ParamEdit_cls::ChangeGroup("Move", mGroup, [&] {
+                    mGroup.SelectKeyFrameRegion(Number(), Number());
+                    mGroup.MoveSelectedKeyByXY(0.125, 0.5);
+                });
+            },
+        };
+        edits[UpTo(std::size(edits))]();
+    }
+    std::vector<Parameters_cls::State> GetStates() {
+        return {mGroup.GetParameter(0).GetState(), mGroup.GetParameter(1).GetState(),
+                mGroup.GetParameter(2).GetState()};
+    }
+
+    std::mt19937 mRandom{11};
+    ParamGroup_cls mGroup{"Position", 3, {"x", "y", "z"}, "Camera", true};
+};
+
+TEST_F(ParamEditTest, UndoAndRedoGiveBackEveryKeyExactly) {
+    mGroup.GetParameter(1).InitSet(2.0, KeyFrame_cls::kHermiteAuto);
+    std::vector<std::vector<Parameters_cls::State>> states = {GetStates()};
+    std::vector<size_t> cursors = {0};
+    for (int i = 0; i < 3000; ++i) {
+        EditAtRandom();
+        const bool step = GCUndoList.GetCursor() != cursors.back();
+        ASSERT_TRUE(step || GetStates() == states.back()) << "a change without a step, edit " << i;
+        if (!step) continue;
+        states.push_back(GetStates());
+        cursors.push_back(GCUndoList.GetCursor());
+    }
+    EXPECT_GT(states.size(), 1200U);
+    for (size_t i = states.size() - 1; i-- > 0;) {
+        GCUndoList.UndoCurrent();
+        ASSERT_TRUE(GetStates() == states[i]) << "back to step " << i;
+    }
+    EXPECT_FALSE(GCUndoList.CanUndo());
+    for (size_t i = 1; i < states.size(); ++i) {
+        GCUndoList.ExecCurrent();
+        ASSERT_TRUE(GetStates() == states[i]) << "on to step " << i;
+    }
+}
+
+TEST_F(ParamEditTest, CommandsFollowAParameterThatIsBuiltAnew) {
+    const auto build = [] {
+        return std::make_unique<ParamGroup_cls>("Fog", 1, std::vector<wxString>{"Density"}, "Fog", true);
+    };
+    auto group = build();
+    ParamEdit_cls(group->GetParameter(0)).SetKey(0.5, KeyFrame_cls::kLinear, 3.0);
+    const wxString edited = group->Serialize();
+
+    // Nobody to ask, and the object gone: there is nothing to do.
+    group = build();
+    const wxString fresh = group->Serialize();
+    GCUndoList.UndoCurrent();
+    GCUndoList.ExecCurrent();
+    EXPECT_EQ(group->Serialize(), fresh);
+
+    ComParamBase_cls::SetLookUp([&](const wxString& id) { return group->GetPCParamFromID(id); });
+    GCUndoList.UndoCurrent();
+    GCUndoList.ExecCurrent();
+    EXPECT_EQ(group->Serialize(), edited);
+
+    // Not found, but alive.
+    Parameters_cls alone("a", "Nowhere");
+    ParamEdit_cls(alone).SetKey(0.5, KeyFrame_cls::kLinear, 3.0);
+    GCUndoList.UndoCurrent();
+    EXPECT_EQ(alone.GetKeyNumber(), 1);
+}
+
+TEST_F(ParamEditTest, SixtyThousandEditsUndoneAndRedoneGiveTheSameText) {
+    ComParamBase_cls::SetLookUp([&](const wxString& id) { return mGroup.GetPCParamFromID(id); });
+    std::uniform_real_distribution<double> any(0.0, 1.0);
+    const wxString empty = mGroup.Serialize();
+    for (int i = 0; i < 60000; ++i) {
+        Parameters_cls& parameter = mGroup.GetParameter(i % 3);
+        ParamEdit_cls edit(parameter);
+        const int index = UpTo(parameter.GetKeys().size());
+        const unsigned int type = parameter.GetKeys()[static_cast<size_t>(index)].mType;
+        if (i % 5 < 2) edit.SetKey(any(mRandom), type, any(mRandom));
+        if (i % 5 == 2) edit.MoveKey(index, any(mRandom));
+        if (i % 5 == 3) edit.SetKeyType(index, (type + 1) % 5);
+        if (i % 5 == 4) edit.InsertKey(any(mRandom));
+    }
+    const wxString full = mGroup.Serialize();
+    EXPECT_EQ(GCUndoList.GetCursor(), 60000U);
+    while (GCUndoList.CanUndo()) GCUndoList.UndoCurrent();
+    EXPECT_TRUE(mGroup.Serialize() == empty);
+    while (GCUndoList.CanRedo()) GCUndoList.ExecCurrent();
+    EXPECT_TRUE(mGroup.Serialize() == full);
+}
+
+}  // namespace

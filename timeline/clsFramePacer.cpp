@@ -1,0 +1,18 @@
+#include "timeline/clsFramePacer.h"
+
+#include <algorithm>
+
+#include "seam/clsClock.h"
+
+void FramePacer_cls::SetInterval(int milliseconds) {
+    mInterval = std::clamp(milliseconds, 0, kMaxInterval);
+}
+
+void FramePacer_cls::Restart() {
+    mLastShown = Clock_cls::Current().Now();
+}
+
+void FramePacer_cls::WaitForNext() {
+    PollUntil([this] { return Clock_cls::Current().Now() - mLastShown >= mInterval; }, kPollMs);
+    Restart();
+}

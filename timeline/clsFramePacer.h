@@ -1,0 +1,22 @@
+#pragma once
+
+/// Holds playback to its rate. Waits on the program's clock, polling every few milliseconds.
+/// Units: milliseconds. Threads: GUI thread only.
+class FramePacer_cls {
+  public:
+    static constexpr int kPollMs = 3;
+    static constexpr int kMaxInterval = 60000;
+
+    int GetInterval() const { return mInterval; }
+    /// Limited to 0 .. kMaxInterval, so that a wait always ends.
+    void SetInterval(int milliseconds);
+
+    /// A frame is shown now.
+    void Restart();
+    /// Returns when the interval has passed since the last frame was shown, and counts the next as shown.
+    void WaitForNext();
+
+  private:
+    int mInterval = 30;
+    long long mLastShown = 0;
+};
