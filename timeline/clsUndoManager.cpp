@@ -14,8 +14,6 @@ void UndoManager_cls::PushNewCommand(Command doCommand, Command undoCommand) {
     }
     const bool strayClose = doCommand->GetCommandType() == CommandItem_cls::kBlockClose && mBlockDepth == 0;
     if (strayClose) return;
-
-    if (mStepTooLong) mHistory.Clear(false);
     mHistory.Push({std::move(doCommand), std::move(undoCommand)});
     Trim(1);
 }

@@ -130,7 +130,7 @@ class UndoManager_cls {
     int mBlockDepth = 0;
     std::uint64_t mPendingUpdates = 0;
     std::optional<Drag> mDrag;
-    bool mStepTooLong = false;  ///< the step under way has outgrown the list and is not recorded
+    bool mStepTooLong = false;  ///< the step under way has outgrown the list and will be dropped
 
     bool mRunning = false;  ///< a command is being run
     bool mClearAfterRun = false;
