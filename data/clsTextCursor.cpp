@@ -24,7 +24,7 @@ constexpr auto PowersOfTen() {
 /// Parses all of the text, correctly rounded; Fortran writes the exponent with a D.
 template <class Real>
 std::errc ParseReal(std::string_view text, Real* value) {
-    if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     std::array<char, 128> copy{};
     const size_t exponent = text.find_first_of("dD");
     if (exponent != std::string_view::npos && text.size() <= copy.size()) {
@@ -52,38 +52,27 @@ bool IsTiny(std::string_view text) {
 
 }  // namespace
 
-const std::array<double, 2 * TextCursor_cls::kMaxPower + 1> TextCursor_cls::kPowerOfTen = PowersOfTen();
+const std::array<double, 2 * TextCursor_cls::kMaxPower + 1> TextCursor_cls::kPowersOfTen = PowersOfTen();
 
-bool TextCursor_cls::TakeExponent(int* exponent) {
-    if (!TakeIf('e') && !TakeIf('E') && !TakeIf('d') && !TakeIf('D')) return false;
-    const bool negative = TakeMinus();
-    Digits digits;
-    TakeDigits(&digits);
-    if (digits.count == 0 || !AtWordEnd()) return false;
-    constexpr uint64_t kFarOut = 1000000;
-    const auto size =
-        static_cast<int>(digits.count > kSureDigits ? kFarOut : std::min(digits.value, kFarOut));
-    *exponent += negative ? -size : size;
-    return true;
-}
-
-bool TextCursor_cls::ReadFloatSlowly(const char* word, float* value) {
-    mNow = word;
+bool TextCursor_cls::ReadFloatSlowly(float* value) {
     const std::string_view text = TakeWord();
-    const std::errc error = ParseReal(text, value);
-    if (error == std::errc()) return true;
-    if (error != std::errc::result_out_of_range || !IsTiny(text)) return false;
-    *value = text.front() == '-' ? -0.0F : 0.0F;
+    float number = 0.0F;
+    const std::errc error = ParseReal(text, &number);
+    if (error == std::errc::result_out_of_range && IsTiny(text)) {
+        number = text.front() == '-' ? -0.0F : 0.0F;
+    } else if (error != std::errc() || !std::isfinite(number)) {
+        return false;
+    }
+    *value = number;
     return true;
 }
 
-bool TextCursor_cls::ReadIntegerSlowly(const char* word, int32_t* value) {
-    mNow = word;
-    double wide = 0.0;
+bool TextCursor_cls::ReadIntegerSlowly(int32_t* value) {
+    double number = 0.0;
     constexpr std::numeric_limits<int32_t> kRange;
-    if (ParseReal(TakeWord(), &wide) != std::errc() || wide != std::floor(wide) || wide < kRange.min() ||
-        wide > kRange.max())
+    if (ParseReal(TakeWord(), &number) != std::errc() || number != std::floor(number) ||
+        number < kRange.min() || number > kRange.max())
         return false;
-    *value = static_cast<int32_t>(wide);
+    *value = static_cast<int32_t>(number);
     return true;
 }
