@@ -5,9 +5,11 @@
 #include <cmath>
 #include <csignal>
 #include <cstdio>
+#include <utility>
 
 #include "core/clsProgress.h"
 #include "data/clsFileSequence.h"
+#include "data/clsLayoutHint.h"
 #include "interp/clsSnapData.h"
 #include "output/clsImageFile.h"
 #include "output/clsStateFile.h"
@@ -110,12 +112,20 @@ int Batch_cls::Info() {
             mAnyFault = true;
             PrintError(problem);
         }
+        TellLeftover(*file, path, block.GetCount());
         particles += block.GetCount();
         std::printf("%6d  t = %-14.9g %10d particles  %s\n", i, block.GetTime(), block.GetCount(),
                     ToBytes(path).c_str());
     }
     std::printf("total: %d snapshots, %lld particles\n", sequence.GetSeqLength(), particles);
     return Outcome();
+}
+
+void Batch_cls::TellLeftover(const InputFile_cls& file, const wxString& path, int particles) {
+    const wxString leftover = DescribeLeftover(file, mMain.GetDataLoader(), particles);
+    if (leftover.empty() || std::exchange(mLeftoverTold, true)) return;
+    PrintError(path + ": note: " + leftover +
+               " behind the particles are not read (a file holds one step; is the layout right?)");
 }
 
 std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {

@@ -34,6 +34,8 @@ class Batch_cls {
     /// The particles of a data position; what is wrong with its files is told once.
     const SnapData_cls* PrepareState(double position);
     void TellFaults(int snapshot);
+    /// Says once what a file holds behind its particles; no fault.
+    void TellLeftover(const InputFile_cls& file, const wxString& path, int particles);
     wxString WriteState(const wxString& name, double position);
     /// The exit status of a job that went to its end.
     int Outcome() const;
@@ -42,5 +44,6 @@ class Batch_cls {
     Main_cls mMain;
     ProjectFile_cls mProject;
     bool mAnyFault = false;
+    bool mLeftoverTold = false;
     std::set<int> mMissing;
 };

@@ -91,7 +91,7 @@ int BinaryReader_cls::ReadGroup(const char* records, size_t count, size_t first,
             case GrammerBase_cls::kXYZ: {
                 float* position = target.mPosition + 3 * first;
                 CutColumn<12>(from, mRecordByte, count, position);
-                if (count < kGroup || !IsGroupFinite(position)) bad += CountNotFinite(position, count);
+                bad = count < kGroup || !IsGroupFinite(position) ? CountNotFinite(position, count) : 0;
                 break;
             }
             case GrammerBase_cls::kVelocity:

@@ -7,6 +7,7 @@
 
 #include "data/clsBodyReader.h"
 #include "data/clsDataLoader.h"
+#include "data/clsLayoutHint.h"
 #include "data/clsLinePieces.h"
 #include "data/clsPDataSnap.h"
 #include "data/clsThreadFileReader.h"
@@ -118,7 +119,7 @@ void PDataBlock_cls::ReadHeader(const InputFile_cls& file, const wxString& path,
     mVariableNumber = loader.mVariableNumber.mValue;
     BoundCount(header, file, path);
     PrintDiagnostic("time=%f\n", mTime);
-    PrintDiagnostic("number=%d\n", GetCount());
+    PrintDiagnostic("number=%d\n", header.mNumber.value_or(GetCount()));
 }
 
 void PDataBlock_cls::BoundCount(const SnapshotHeader_cls& header, const InputFile_cls& file,
@@ -136,7 +137,8 @@ void PDataBlock_cls::BoundCount(const SnapshotHeader_cls& header, const InputFil
         return;
     }
     if (header.mNumber && *header.mNumber < 0) {
-        Problem(path, wxString::Format("the header says %d particles", *header.mNumber));
+        Problem(path, wxString::Format("the header says %d particles", *header.mNumber) +
+                          GuessLayout(file, loader, *header.mNumber));
         return;
     }
     // A layout without a count: the file holds as many particles as are there.
@@ -159,7 +161,8 @@ void PDataBlock_cls::ReportMissing(int wanted, int there, const InputFile_cls& f
     Problem(path, wxString::Format(
                       "the header says %d particles (%llu bytes), the file has %llu bytes: %d particles "
                       "are there",
-                      wanted, bytes, static_cast<unsigned long long>(file.GetSize()), there));
+                      wanted, bytes, static_cast<unsigned long long>(file.GetSize()), there) +
+                      GuessLayout(file, loader, wanted));
 }
 
 void PDataBlock_cls::CheckTextBody(const InputFile_cls& file, const wxString& path) {

@@ -8,7 +8,7 @@
 /// The loader's transforms of particles that have been read, and their order by ID.
 /// A copy of the settings, so that a change in the loader dialog does not reach a read under way.
 /// Threads: DoAdjusting() from any, on ranges that do not overlap; SortById() when all of them are done.
-/// Failure: SortById() needs about 28 bytes a particle for itself and throws std::bad_alloc.
+/// Failure: SortById() needs 24 bytes a particle for itself and throws std::bad_alloc.
 class ParticleAdjuster_cls {
   public:
     explicit ParticleAdjuster_cls(const DataLoader_cls& loader);
