@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <climits>
 #include <cstdio>
 #include <cstring>
@@ -93,9 +94,12 @@ bool ArePossible(const TargetArrays_cls& arrays, const BodyReport_cls& report, i
 }
 
 bool AreEqual(const TargetArrays_cls& one, const TargetArrays_cls& other) {
-    // As bytes: not a number equals itself.
-    return std::memcmp(one.mPosition.data(), other.mPosition.data(), one.mPosition.size() * 4) == 0 &&
-           one.mID == other.mID && one.mType == other.mType;
+    // By their bits: not a number equals itself.
+    const auto same = [](float a, float b) {
+        return std::bit_cast<uint32_t>(a) == std::bit_cast<uint32_t>(b);
+    };
+    return std::ranges::equal(one.mPosition, other.mPosition, same) && one.mID == other.mID &&
+           one.mType == other.mType;
 }
 
 /// Memory of the text's exact size, so that a sanitizer sees every look behind its end.
