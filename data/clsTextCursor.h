@@ -166,7 +166,7 @@ inline bool TextCursor_cls::ReadFloat(float* value) {
     }
 
     const double magnitude = static_cast<double>(static_cast<int64_t>(number)) *
-                             kPowersOfTen[static_cast<size_t>(power + kMaxPower)];
+                             kPowersOfTen[static_cast<unsigned int>(power + kMaxPower)];
     const uint64_t belowFloat = std::bit_cast<uint64_t>(magnitude) & 0x1FFFFFFFU;
     const bool nearMiddle = belowFloat - (0x10000000U - 8) <= 16;
     const bool normal = magnitude >= 0x1p-126 && magnitude <= 0x1.fffffep127;
