@@ -174,7 +174,7 @@ void Draw(IDs& ids, unsigned int range, int factor, Random& random) {
 /// Puts one ID at distances that lie at the very ends of the windows, all other IDs nowhere in B.
 void PlaceAtBounds(IDs& a, IDs& b, Random&) {
     for (int32_t& id : b) id = -id;
-    int i = 12000;
+    int i = 13000;
     for (const int w : {10, 100, 1000, 10000}) {
         for (const int distance : {-w - 1, -w, 1 - w, w - 1, w, w + 1}) {
             b[static_cast<size_t>(i + distance)] = a[static_cast<size_t>(i)];
@@ -185,8 +185,10 @@ void PlaceAtBounds(IDs& a, IDs& b, Random&) {
     b[2499] = a[24000];
     b[2500] = a[24001];
     b[0] = a[24002];
-    // A nearer one behind is not preferred to the first in the window; an outer window does not skip inner
-    // ones.
+}
+
+/// A nearer one behind is not preferred to the first in the window; an outer window does not skip inner ones.
+void Repeat(const IDs& a, IDs& b) {
     for (const int distance : {-9, 3, 90, -700}) b[static_cast<size_t>(20000 + distance)] = a[20000];
     for (const int distance : {95, -60}) b[static_cast<size_t>(21000 + distance)] = a[21000];
 }
@@ -250,7 +252,7 @@ const std::vector<Arrangement> kArrangements = {
     {"ends of the windows among repeating IDs", 25000, 25000,
      [](IDs& a, IDs& b, Random& random) {
          PlaceAtBounds(a, b, random);
-         b[24998] = b[24999];
+         Repeat(a, b);
      },
      25000},
     {"no tenth", 9, 9, [](IDs&, IDs& b, Random& random) { std::shuffle(b.begin(), b.end(), random); }},
