@@ -26,8 +26,7 @@ PreparedCurve_cls::PreparedCurve_cls(const ColorCurve_cls& curve) : mCurve(curve
 
     for (size_t i = 0; i + 1 < positions.size(); ++i) AddPiece(positions[i], positions[i + 1]);
     AddPiece(positions.back(), positions.back());
-    MakeTable();
-    if (!IsAccurate()) mPieces.clear();
+    if (!MakeTable() || !IsAccurate()) mPieces.clear();
 }
 
 /// Between two keys a channel is a cubic at most, so four of its values tell all of it.
@@ -52,17 +51,20 @@ void PreparedCurve_cls::AddPiece(double start, double end) {
 }
 
 /// Stretches begin at multiples of a power of two, so that floats find them without rounding.
-void PreparedCurve_cls::MakeTable() {
+bool PreparedCurve_cls::MakeTable() {
     const double range = mPieces.back().start - mPieces.front().start;
     const double length = range > 0.0 ? std::exp2(std::ceil(std::log2(range / kTableSize))) : 1.0;
     const double first = std::floor(mPieces.front().start / length);
     const double last = std::floor(mPieces.back().start / length);
+    // Positions far out have no room for numbers between them.
+    if (!(last - first < static_cast<double>(mTable.size()))) return false;
     mTableFirst = static_cast<float>(first * length);
     mTableScale = static_cast<float>(1.0 / length);
     mTableLast = static_cast<float>(last - first);
     for (size_t i = 0; i <= static_cast<size_t>(last - first); ++i) {
         MakeEntry(i, (first + static_cast<double>(i)) * length, length);
     }
+    return true;
 }
 
 void PreparedCurve_cls::MakeEntry(size_t index, double begin, double length) {

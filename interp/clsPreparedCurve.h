@@ -52,7 +52,7 @@ class PreparedCurve_cls {
     };
 
     void AddPiece(double start, double end);
-    void MakeTable();
+    bool MakeTable();
     void MakeEntry(size_t index, double begin, double length);
     const Piece& FindPiece(double t) const;
     Color EvaluatePiece(double position) const;
