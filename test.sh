@@ -12,7 +12,7 @@ presets=${1:-release asan tsan}
 install_packages $test_packages
 
 # The first report of a sanitizer fails its test. Drivers and GTK keep memory to the end of the process.
-export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0
+export ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0
 export LSAN_OPTIONS=suppressions=$PWD/tools/lsan.supp:print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1
 export TSAN_OPTIONS=suppressions=$PWD/tools/tsan.supp:halt_on_error=1

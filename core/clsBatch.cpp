@@ -1,11 +1,18 @@
 #include "core/clsBatch.h"
 
+#include <unistd.h>
+
+#include <cmath>
 #include <csignal>
 #include <cstdio>
+#include <utility>
 
 #include "core/clsProgress.h"
 #include "data/clsFileSequence.h"
+#include "data/clsLayoutHint.h"
+#include "interp/clsSnapData.h"
 #include "output/clsImageFile.h"
+#include "output/clsStateFile.h"
 #include "render/clsScenePass.h"
 #include "seam/clsDiagnostics.h"
 #include "seam/clsTextCoding.h"
@@ -13,9 +20,7 @@
 
 namespace {
 
-constexpr const char* kConfigName = "Varnholt3Configure.txt";
-
-constexpr int kMissingNamed = 3;
+constexpr size_t kMissingNamed = 3;
 
 volatile std::sig_atomic_t interrupted = 0;
 
@@ -23,20 +28,13 @@ void OnInterrupt(int) {
     interrupted = 1;
 }
 
-std::span<const float> Positions(const PDataBlock_cls& block) {
-    return {block.GetPosition(), 3 * static_cast<size_t>(block.GetCount())};
-}
-
-std::span<const uint8_t> Types(const PDataBlock_cls& block) {
-    return {block.GetType(), static_cast<size_t>(block.GetCount())};
-}
-
 }  // namespace
 
-Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder) : mLine(std::move(line)) {
-    if (mLine.mQuiet) SetDiagnosticsOn(false);
-    const wxString config = mLine.mConfig.value_or(programFolder + "/" + kConfigName);
-    if (!config.empty()) mMain.ReadConfigFile(config);
+Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
+    : mLine(std::move(line)), mMain(programFolder), mProject(mMain) {
+    // On a terminal the lines would tear the progress bar apart.
+    const bool terminal = isatty(STDOUT_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
+    if (mLine.mQuiet || (terminal && !mLine.mVerbose)) SetDiagnosticsOn(false);
 }
 
 int Batch_cls::Run() {
@@ -47,50 +45,51 @@ int Batch_cls::Run() {
             return Info();
         case CommandLine_cls::Action::Render:
             return Render();
+        case CommandLine_cls::Action::Export:
+            return Export();
         default:
             return Save();
     }
 }
 
 int Batch_cls::Prepare() {
-    const bool project = mLine.mFile.Lower().EndsWith(".vhp");
-    if (project && !mMain.ReadProjectFile(mLine.mFile)) return kFailed;
+    // A configuration file named by hand has to be there, the usual one need not.
+    if (!mLine.mConfig) {
+        mProject.ReadProjectFile(mMain.GetConfigPath());
+    } else if (!mLine.mConfig->empty() && !mProject.ReadProjectFile(*mLine.mConfig)) {
+        return kFailed;
+    }
+    if (IsProject()) {
+        if (!mProject.ReadProjectFile(mLine.mFile)) return kFailed;
+        if (mLine.mVerbose) {
+            PrintError(wxString::Format("%s: %d lines belong to no setting", mLine.mFile,
+                                        mProject.GetUnknownLines()));
+        }
+    }
     for (const wxString& setting : mLine.mSettings) {
-        if (mMain.ApplySetting(setting)) continue;
+        if (mProject.ApplySetting(setting)) continue;
         PrintError("--set " + setting + ": no setting has this key");
         return kWrongUsage;
     }
-    if (!project) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
+    if (!IsProject()) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
     return kDone;
 }
 
 bool Batch_cls::HasData() {
     if (!mMain.GetDataLoader().CheckGrammer()) return false;
+    const PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
     // A first file that is missing has been told by the series itself.
-    return mMain.GetSequence().GetSeqLength() > 0;
+    if (sequence.GetFiles().GetPath().empty()) PrintError(mLine.mFile + ": the project names no data");
+    return sequence.GetSeqLength() > 0;
 }
 
-std::unique_ptr<PDataBlock_cls> Batch_cls::Load(int index, PDataSequence_cls::Depth depth) {
-    wxString why;
-    auto block = mMain.GetSequence().Load(index, depth, &why);
-    if (!block) {
-        // Series numbered in steps ("dump.0", "dump.1000") miss most of their members: not a line for each.
-        if (++mMissing <= kMissingNamed) PrintError(mMain.GetSequence().GetFilename(index) + ": " + why);
-        return nullptr;
-    }
-    for (const wxString& problem : block->TakeProblems()) {
-        mAnyFault = true;
-        PrintError(problem);
-    }
-    return block;
-}
-
-int Batch_cls::Outcome() const {
-    if (mMissing > kMissingNamed) {
-        PrintError(wxString::Format(
-            "%d files of the series cannot be opened; files are counted in steps of 1", mMissing));
-    }
-    return mAnyFault || mMissing > 0 ? kFailed : kDone;
+bool Batch_cls::IsNumberedByOne() {
+    PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
+    if (mLine.mFrames || sequence.GetSeqLength() < 2 || sequence.GetSnap(1).IsFileValid()) return true;
+    PrintError(sequence.GetFilename(1) +
+               ": cannot be opened; a series is numbered in steps of 1 (docs/snapshot-files.md says how to "
+               "get there)");
+    return false;
 }
 
 int Batch_cls::Info() {
@@ -98,55 +97,73 @@ int Batch_cls::Info() {
     // The lines below say the same as the diagnostic lines of the headers.
     SetDiagnosticsOn(false);
     long long particles = 0;
-    const int length = mMain.GetSequence().GetSeqLength();
-    for (int i = 0; i < length; ++i) {
-        const auto block = Load(i, PDataSequence_cls::Depth::HeaderOnly);
-        if (!block) continue;
-        particles += block->GetCount();
-        std::printf("%6d  t = %-14.9g %10d particles  %s\n", i, block->GetTime(), block->GetCount(),
-                    ToBytes(mMain.GetSequence().GetFilename(i)).c_str());
+    PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
+    for (int i = 0; i < sequence.GetSeqLength(); ++i) {
+        const wxString& path = sequence.GetFilename(i);
+        const auto file = InputFile_cls::Open(path);
+        if (!file) {
+            TellFaults(i);
+            continue;
+        }
+        PDataBlock_cls block;
+        block.ReadHeader(*file, path, i);
+        block.CheckTextBody(*file, path);
+        const auto problems = block.TakeProblems();
+        for (const wxString& problem : problems) PrintError(problem);
+        if (problems.empty()) {
+            TellLeftover(*file, path, block.GetCount());
+        } else {
+            mAnyFault = true;
+        }
+        particles += block.GetCount();
+        std::printf("%6d  t = %-14.9g %10d particles  %s\n", i, block.GetTime(), block.GetCount(),
+                    ToBytes(path).c_str());
     }
-    std::printf("total: %d snapshots, %lld particles\n", length, particles);
+    std::printf("total: %d snapshots, %lld particles\n", sequence.GetSeqLength(), particles);
     return Outcome();
 }
 
-int Batch_cls::Render() {
-    if (!HasData()) return kFailed;
-    const int last = mMain.GetSequence().GetSeqLength() - 1;
-    const FrameRange_cls frames = mLine.mFrames.value_or(FrameRange_cls{.mFirst = 0, .mLast = last});
-    if (frames.mLast > last) {
-        PrintError(
-            wxString::Format("--frames %d:%d: the data end at frame %d", frames.mFirst, frames.mLast, last));
-        return kWrongUsage;
-    }
-    const FileSequence_cls pictures(mLine.mPattern);
-    if (!pictures.IsNumbered() && frames.mFirst != frames.mLast) {
-        PrintError(mLine.mPattern + ": several frames need a number in the name, for example out%04d.png");
-        return kWrongUsage;
-    }
-    wxString why;
-    const auto scene = ScenePass_cls::Create(mLine.mWidth, mLine.mHeight, &why);
-    if (!scene) {
-        PrintError(why);
-        return kFailed;
-    }
-    // The camera depends on the data only, so that parts of a film rendered apart fit together.
-    auto block = Load(0, PDataSequence_cls::Depth::Whole);
-    if (block) scene->FitTo(Positions(*block));
+void Batch_cls::TellLeftover(const InputFile_cls& file, const wxString& path, int particles) {
+    const wxString leftover = DescribeLeftover(file, mMain.GetDataLoader(), particles);
+    if (leftover.empty() || std::exchange(mLeftoverTold, true)) return;
+    PrintError(path + ": note: " + leftover +
+               " behind the particles are not read (a file holds one step; is the layout right?)");
+}
 
+std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {
+    const TimeCtrl_cls& time = const_cast<Main_cls&>(mMain).GetTimeCtrl();
+    const FrameRange area = time.GetSettings().GetWorkArea();
+    const FrameRange_cls frames =
+        mLine.mFrames.value_or(FrameRange_cls{.mFirst = area.first, .mLast = area.last});
+    if (frames.mLast > time.GetMaxFrame()) {
+        PrintError(wxString::Format("--frames %d:%d: the scene ends at frame %d", frames.mFirst, frames.mLast,
+                                    time.GetMaxFrame()));
+        return std::nullopt;
+    }
+    if (!FileSequence_cls(mLine.mPattern).IsNumbered() && frames.mFirst != frames.mLast) {
+        PrintError(mLine.mPattern + ": several frames need a number in the name, for example out%04d.png");
+        return std::nullopt;
+    }
+    return frames;
+}
+
+int Batch_cls::DoFrames(const FrameRange_cls& frames,
+                        const std::function<wxString(int frame, const wxString& name)>& work) {
+    const FileSequence_cls names(mLine.mPattern);
     std::signal(SIGINT, OnInterrupt);
     std::signal(SIGTERM, OnInterrupt);
     Progress_cls progress((frames.mLast - frames.mFirst) / frames.mStep + 1, mLine.mQuiet);
     for (int frame = frames.mFirst; frame <= frames.mLast; frame += frames.mStep) {
         if (interrupted) {
             progress.End();
-            PrintError("interrupted; the pictures written so far are whole");
+            PrintError("interrupted; the files written so far are whole");
             return kInterrupted;
         }
-        if (frame > 0) block = Load(frame, PDataSequence_cls::Depth::Whole);
-        const auto picture = block ? scene->Draw(Positions(*block), Types(*block)) : scene->Draw({}, {});
-        const wxString name = pictures.GetModifiedStr(frame);
-        const wxString error = ImageFile_cls::Write(name, mLine.mWidth, mLine.mHeight, picture);
+        // A single frame gets the name as it stands, also when that ends in a number.
+        const bool pattern = names.GetPath() == names.GetFormat();
+        const wxString name =
+            frames.mFirst == frames.mLast && !pattern ? names.GetPath() : names.GetModifiedStr(frame);
+        const wxString error = work(frame, name);
         if (!error.empty()) {
             progress.End();
             PrintError(error);
@@ -158,9 +175,90 @@ int Batch_cls::Render() {
     return Outcome();
 }
 
+int Batch_cls::Render() {
+    if (!HasData() || !IsNumberedByOne()) return kFailed;
+    const auto frames = ChooseFrames();
+    if (!frames) return kWrongUsage;
+    wxString why;
+    const auto scene = ScenePass_cls::Create(mLine.mWidth, mLine.mHeight, &why);
+    if (!scene) {
+        PrintError(why);
+        return kFailed;
+    }
+    // The camera depends on the data only, so that parts of a film rendered apart fit together.
+    if (const SnapData_cls* first = PrepareState(0.0)) scene->FitTo(*first);
+    return DoFrames(*frames, [&](int frame, const wxString& name) {
+        const SnapData_cls* state = PrepareState(mMain.GetTimeCtrl().GetRemappedIndexDouble(frame, 0));
+        return ImageFile_cls::Write(name, mLine.mWidth, mLine.mHeight, scene->Draw(state));
+    });
+}
+
+int Batch_cls::Export() {
+    if (!HasData()) return kFailed;
+    if (mLine.mAt) {
+        const wxString error = WriteState(mLine.mPattern, *mLine.mAt);
+        if (error.empty()) return Outcome();
+        PrintError(error);
+        return kFailed;
+    }
+    if (!IsNumberedByOne()) return kFailed;
+    const auto frames = ChooseFrames();
+    if (!frames) return kWrongUsage;
+    return DoFrames(*frames, [&](int frame, const wxString& name) {
+        return WriteState(name, mMain.GetTimeCtrl().GetRemappedIndexDouble(frame, 0));
+    });
+}
+
+wxString Batch_cls::WriteState(const wxString& name, double position) {
+    const SnapData_cls* state = PrepareState(position);
+    if (!state) return WriteParticleState(name, {});
+    const PDataBlock_cls& block =
+        mMain.GetSeqCtrl().GetActive().GetSnap(static_cast<int>(position)).GetBlock();
+    return WriteParticleState(name, {.mTime = state->GetTime(),
+                                     .mCount = state->GetCount(),
+                                     .mStride = state->GetStride(),
+                                     .mPosition = state->GetPosition(),
+                                     .mVelocity = block.GetVelocity(),
+                                     .mRadius = state->GetRadius(),
+                                     .mValue1 = state->GetValue1(),
+                                     .mType = state->GetType(),
+                                     .mID = block.GetID()});
+}
+
+const SnapData_cls* Batch_cls::PrepareState(double position) {
+    const int snapshot = static_cast<int>(std::floor(position));
+    mMain.CleanUpMemory(snapshot);
+    const SnapData_cls* state = mMain.PrepareState(position);
+    TellFaults(snapshot);
+    if (position != snapshot) TellFaults(snapshot + 1);
+    return state;
+}
+
+void Batch_cls::TellFaults(int snapshot) {
+    PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
+    PDataSnap_cls& snap = sequence.GetSnap(snapshot);
+    for (const wxString& problem : snap.TakeProblems()) {
+        mAnyFault = true;
+        PrintError(problem);
+    }
+    if (snap.IsFileValid() || !mMissing.insert(snap.GetIndex()).second) return;
+    // Series numbered in steps ("dump.0", "dump.1000") miss most of their members: not a line for each.
+    wxString why;
+    InputFile_cls::Open(snap.GetFilePath(), &why);
+    if (mMissing.size() <= kMissingNamed) PrintError(snap.GetFilePath() + ": " + why);
+}
+
+int Batch_cls::Outcome() const {
+    if (mMissing.size() > kMissingNamed) {
+        PrintError(wxString::Format(
+            "%zu files of the series cannot be opened; files are counted in steps of 1", mMissing.size()));
+    }
+    return mAnyFault || !mMissing.empty() ? kFailed : kDone;
+}
+
 int Batch_cls::Save() {
-    const wxString error = mMain.SaveProjectFile(mLine.mProject);
-    if (error.empty()) return kDone;
-    PrintError(error);
+    if (mMain.GetSeqCtrl().GetActive().GetSeqLength() == 0 && !IsProject()) return kFailed;
+    if (mProject.SaveProjectFile(mLine.mProject, true) == 1) return kDone;
+    PrintError(mProject.GetError());
     return kFailed;
 }

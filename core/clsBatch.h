@@ -1,9 +1,10 @@
 #pragma once
 
-#include <memory>
+#include <set>
 
 #include "core/clsCommandLine.h"
 #include "core/clsMain.h"
+#include "core/clsProjectFile.h"
 
 /// Does what the command line asks for without a window.
 /// Output: results and diagnostic lines on standard output, progress and messages on standard error.
@@ -11,7 +12,6 @@ class Batch_cls {
   public:
     enum Status : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kInterrupted = 130 };
 
-    /// The settings of the configuration file are read here, the data are opened by Run().
     Batch_cls(CommandLine_cls line, const wxString& programFolder);
     int Run();
 
@@ -19,15 +19,31 @@ class Batch_cls {
     int Prepare();
     int Info();
     int Render();
+    int Export();
     int Save();
-    /// A snapshot with everything wrong about its file told to the user.
-    std::unique_ptr<PDataBlock_cls> Load(int index, PDataSequence_cls::Depth depth);
+
+    bool IsProject() const { return mLine.mFile.Lower().EndsWith(".vhp"); }
     bool HasData();
+    /// False, after a message, for a whole series whose second member is missing.
+    bool IsNumberedByOne();
+    /// The frames to do, checked against the scene and the pattern's number; null after a message.
+    std::optional<FrameRange_cls> ChooseFrames() const;
+    /// Does one frame after the other. The work returns what went wrong, empty for nothing.
+    int DoFrames(const FrameRange_cls& frames,
+                 const std::function<wxString(int frame, const wxString& name)>& work);
+    /// The particles of a data position; what is wrong with its files is told once.
+    const SnapData_cls* PrepareState(double position);
+    void TellFaults(int snapshot);
+    /// Says once what a file holds behind its particles; no fault.
+    void TellLeftover(const InputFile_cls& file, const wxString& path, int particles);
+    wxString WriteState(const wxString& name, double position);
     /// The exit status of a job that went to its end.
     int Outcome() const;
 
     CommandLine_cls mLine;
     Main_cls mMain;
+    ProjectFile_cls mProject;
     bool mAnyFault = false;
-    int mMissing = 0;
+    bool mLeftoverTold = false;
+    std::set<int> mMissing;
 };

@@ -12,6 +12,8 @@ constexpr int kMaxPictureSize = 16384;
 enum Option : int {
     kInfo = 1000,
     kRender,
+    kExport,
+    kAt,
     kSave,
     kFrames,
     kSize,
@@ -26,6 +28,8 @@ enum Option : int {
 
 const option kOptions[] = {{"info", no_argument, nullptr, kInfo},
                            {"render", required_argument, nullptr, kRender},
+                           {"export", required_argument, nullptr, kExport},
+                           {"at", required_argument, nullptr, kAt},
                            {"save", required_argument, nullptr, kSave},
                            {"frames", required_argument, nullptr, kFrames},
                            {"size", required_argument, nullptr, kSize},
@@ -47,6 +51,13 @@ bool ParseNumber(const wxString& text, int* number) {
     return true;
 }
 
+/// A data position, 0 or above.
+std::optional<double> ParsePosition(const wxString& text) {
+    double position = 0.0;
+    if (!text.ToCDouble(&position) || !(position >= 0.0 && position < 1e9)) return std::nullopt;
+    return position;
+}
+
 bool ParseSize(const wxString& text, int* width, int* height) {
     return ParseNumber(text.BeforeFirst('x'), width) && ParseNumber(text.AfterFirst('x'), height) &&
            *width > 0 && *height > 0 && *width <= kMaxPictureSize && *height <= kMaxPictureSize;
@@ -55,12 +66,17 @@ bool ParseSize(const wxString& text, int* width, int* height) {
 /// Wrong combinations that only show once everything is read. Empty when all is well.
 wxString FindConflict(const CommandLine_cls& line) {
     using Action = CommandLine_cls::Action;
-    const bool needsFile =
-        line.mAction == Action::Info || line.mAction == Action::Render || line.mAction == Action::Save;
+    const bool needsFile = line.mAction == Action::Info || line.mAction == Action::Render ||
+                           line.mAction == Action::Export || line.mAction == Action::Save;
     if (needsFile && line.mFile.empty()) return "no data file or project is named";
     if (line.mAction == Action::Render && !ImageFile_cls::IsKnownFormat(line.mPattern)) {
         return line.mPattern + ": the picture's name must end in .png, .jpg, .tif or .bmp";
     }
+    if (line.mAction == Action::Save && !line.mProject.Lower().EndsWith(".vhp")) {
+        // A mixed-up order of the names must not write over data.
+        return line.mProject + ": a project's name must end in .vhp";
+    }
+    if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
     return {};
 }
 
@@ -102,6 +118,14 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
             case kRender:
                 setAction(Action::Render);
                 line.mPattern = value;
+                break;
+            case kExport:
+                setAction(Action::Export);
+                line.mPattern = value;
+                break;
+            case kAt:
+                line.mAt = ParsePosition(value);
+                if (!line.mAt) return fail("--at " + value + ": expected a data position such as 3.25");
                 break;
             case kSave:
                 setAction(Action::Save);
@@ -145,7 +169,7 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 return fail(FromBytes(argv[optind - 1]) + ": no such option");
         }
     }
-    if (actions > 1) return fail("more than one of --info, --render and --save");
+    if (actions > 1) return fail("more than one of --info, --render, --export and --save");
     if (argc - optind > 1) return fail(FromBytes(argv[optind + 1]) + ": only one file can be named");
     if (optind < argc) line.mFile = FromBytes(argv[optind]);
     const wxString conflict = FindConflict(line);
@@ -158,11 +182,14 @@ const char* CommandLine_cls::HelpText() {
 
 usage: varnholt3 --info DATA               one line per snapshot: number, time, particles, file; then the total
        varnholt3 --render PATTERN FILE     draw the frames into numbered pictures (out%04d.png; .jpg, .tif, .bmp)
+       varnholt3 --export PATTERN FILE     write the particles of each frame (text columns; .bin: 40-byte records)
        varnholt3 --save PROJECT FILE       write the whole state, after FILE and --set, as a project
 
 FILE is a project (.vhp) or the first file of a data series, for example snap0000.dat.
 
-  --frames A[:B[:STEP]]      frames to do; default: all
+  --frames A[:B[:STEP]]      frames to do; default: the work area
+  --at POSITION              with --export: one data position (snapshot number with fraction, e.g. 3.25) instead;
+                             the pattern is then the file's name as it stands
   --size WxH                 picture size; default 1280x720
   --set KEY=VALUE            any line of a project file, applied after FILE; may be repeated
   --config PATH              another per-user configuration file

@@ -17,13 +17,14 @@ struct FrameRange_cls {
 
 /// What the command line asks for. Plain data; nothing is opened here.
 struct CommandLine_cls {
-    enum class Action { Window, Info, Render, Save, Help, Version };
+    enum class Action { Window, Info, Render, Export, Save, Help, Version };
 
     Action mAction = Action::Window;
     wxString mFile;     ///< a project or the first file of a series; empty when none is given
-    wxString mPattern;  ///< of the pictures of --render
+    wxString mPattern;  ///< of the pictures of --render, or of the files of --export
     wxString mProject;  ///< of --save
     std::optional<FrameRange_cls> mFrames;
+    std::optional<double> mAt;  ///< --export: this data position instead of frames
     int mWidth = 1280;
     int mHeight = 720;
     std::vector<wxString> mSettings;  ///< KEY=VALUE lines in order

@@ -1,73 +1,163 @@
 #include "core/clsMain.h"
 
-#include <string_view>
+#include <algorithm>
+#include <cmath>
 
-#include "seam/clsOutputFile.h"
-#include "seam/clsTextCoding.h"
+#include "core/clsCommandLoadData.h"
+#include "core/clsProjectFile.h"
+#include "data/clsThreadAsciiReader.h"
+#include "data/clsThreadFileReader.h"
+#include "interp/clsSnapData.h"
+#include "interp/clsThreadInterpolator.h"
+#include "render/clsGLAttribute.h"
+#include "seam/clsClock.h"
+#include "seam/clsEventSink.h"
 #include "seam/clsUserMessage.h"
+#include "timeline/clsComParamBase.h"
+#include "timeline/clsUndoManager.h"
 
 namespace {
 
-/// What is kept of a project file that is no text at all.
-constexpr size_t kMaxProjectByte = 64 << 20;
-constexpr size_t kMaxLine = 1 << 20;
-
-/// The next line, without its line feed; an endless one is cut.
-wxString TakeProjectLine(std::string_view* text) {
-    const size_t end = text->find('\n');
-    const std::string_view line = text->substr(0, end);
-    text->remove_prefix(end == std::string_view::npos ? text->size() : end + 1);
-    return FromBytes(std::string(line.substr(0, kMaxLine)));
-}
+constexpr int kFinishPeriodMs = 10;
+/// A longer series is cut to kCutLength: the two numbers differ, and users' projects rely on both.
+constexpr int kLastFrameOfAll = 9999;
+constexpr int kCutLength = 8000;
 
 }  // namespace
 
-Main_cls::Main_cls() {
+Main_cls::Main_cls(const wxString& programFolder)
+    : mProgramFolder(programFolder), mSeqCtrl(true), mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
-    mDataLoader.SetOpenCommand([this](const wxString& path) { OpenDataFile(path); });
+    PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
+    mDataLoader.SetOpenCommand([this](const wxString& path) { OpenDataFileCommand(path); });
+    ComParamBase_cls::SetLookUp([this](const wxString& id) { return GetPCParamFromID(id); });
+    for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
+        // The state on screen borrows from the snapshot it was made of.
+        mSeqCtrl.GetSequence(i).SetReleaseObserver([this](const PDataBlock_cls&) { DropState(); });
+    }
+    ApplyPreferences();
 }
 
 Main_cls::~Main_cls() {
+    WaitThreadFinish();
+    GCUndoList.Clear();
+    ComParamBase_cls::SetLookUp({});
+    for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) mSeqCtrl.GetSequence(i).SetReleaseObserver({});
+    mSeqCtrl.ClearData(PDataSeqCtrl_cls::kAllSequences, PDataSequence_cls::kAll, true);
     PDataBlock_cls::mspCDataLoaderLink = nullptr;
+    PDataBlock_cls::mspCPeriodicLink = nullptr;
+}
+
+TimeHost_cls Main_cls::MakeTimeHost() {
+    TimeHost_cls host;
+    host.clearSnipping = [this] { mSeqCtrl.ClearSnipping(); };
+    host.setSnipping = [this](int snapshot) { mSeqCtrl.SetSnipping(snapshot); };
+    host.refreshViews = [] { EventSink_cls::PostToFrame(EventSink_cls::kRedraw); };
+    return host;
+}
+
+void Main_cls::OpenDataFileCommand(const wxString& path) {
+    const wxString old = mSeqCtrl.GetActive().GetFiles().GetPath();
+    const auto load = [this](const wxString& file) {
+        return std::make_unique<CommandLoadData_cls>(*this, file);
+    };
+    GCUndoList.OpenBlock("Open Data");
+    GCUndoList.PushAndExec(load(""), load(old));
+    GCUndoList.PushAndExec(load(path), load(""));
+    GCUndoList.CloseBlock();
+}
+
+void Main_cls::CloseDataCommand() {
+    const wxString old = mSeqCtrl.GetActive().GetFiles().GetPath();
+    GCUndoList.PushAndExec(std::make_unique<CommandLoadData_cls>(*this, ""),
+                           std::make_unique<CommandLoadData_cls>(*this, old));
 }
 
 void Main_cls::OpenDataFile(const wxString& path) {
-    mSequence.OpenDataFile(path);
-}
-
-bool Main_cls::ApplySetting(const wxString& line) {
-    const wxString key = line.BeforeFirst('=') + "=";
-    ConfItem_cls* item = mDataLoader.GetItems().GetPCItem(key);
-    return item && item->ReadStrLine(line);
-}
-
-void Main_cls::ReadLines(const std::string& text) {
-    for (std::string_view rest = text; !rest.empty();) {
-        const wxString line = TakeProjectLine(&rest);
-        mDataLoader.ReadStrLine(line);
-        if (!mSequence.IsKeyLine(line)) continue;
-        const wxString path = TakeProjectLine(&rest);
-        if (!path.empty()) OpenDataFile(path);
+    WaitThreadFinish();
+    mSeqCtrl.OpenDataFile(path);
+    PDataSequence_cls& sequence = mSeqCtrl.GetActive();
+    if (sequence.GetFiles().GetCount() - 1 > kLastFrameOfAll) {
+        UserMessage_cls::Tell("Warning", wxString::Format("Max file sequence number is %d", kCutLength));
+        sequence.SetSeqLength(kCutLength);
     }
+    // Areas that covered the whole scene before cover it after.
+    const int before = mTimeCtrl.GetMaxFrame();
+    mTimeCtrl.SetMaxFrameNative(std::max(sequence.GetSeqLength() - 1, 0));
+    mTimeCtrl.CheckAfterMaxFrameChange(before);
+    EventSink_cls::PostToFrame(EventSink_cls::kRefreshPanels);
 }
 
-bool Main_cls::ReadProjectFile(const wxString& path) {
-    const auto file = InputFile_cls::Open(path);
-    if (!file) {
-        UserMessage_cls::Tell("Warning", "Read Configure Fails" + path);
-        return false;
+void Main_cls::CloseData() {
+    WaitThreadFinish();
+    mSeqCtrl.ClearData(PDataSeqCtrl_cls::kActive, PDataSequence_cls::kAll, true);
+    DropState();
+}
+
+void Main_cls::WaitThreadFinish() {
+    if (GpCThreadReader.load(std::memory_order_acquire)) PollUntil(GbThreadReaderFinished, kFinishPeriodMs);
+    ThreadFileReader_cls::Retire();
+    if (GpCThreadInterpolate.load(std::memory_order_acquire))
+        PollUntil(GbThreadInterpolateFinished, kFinishPeriodMs);
+    ThreadInterpolator_cls::JoinLast();
+    GpCThreadInterpolate.store(nullptr, std::memory_order_release);
+}
+
+bool Main_cls::IsTheIndexReady(int index, double fraction) {
+    return mSeqCtrl.IsTheIndexReady(index, fraction, mTimeCtrl.IsInterpolateAlways());
+}
+
+void Main_cls::CleanUpMemory(int currentSnapshot) {
+    mSeqCtrl.CleanUpMemory(currentSnapshot, mTimeCtrl.GetSkippingStep());
+}
+
+void Main_cls::DropState() {
+    if (mState) mState->ReleaseData();
+}
+
+const SnapData_cls* Main_cls::PrepareState(double position) {
+    PDataSequence_cls& sequence = mSeqCtrl.GetActive();
+    if (sequence.GetSeqLength() == 0) return nullptr;
+    StopIfLoading();
+    // Behind the last snapshot the last one is shown.
+    const double last = sequence.GetSeqLength() - 1;
+    const double clamped = std::clamp(position, 0.0, last);
+    const int index = static_cast<int>(std::floor(clamped));
+    const double fraction = clamped - index;
+    sequence.PrepareIndex(index, fraction, mTimeCtrl.IsInterpolateAlways(), true);
+    PDataSnap_cls& snap = sequence.GetSnap(index);
+    if (!snap.IsItLoaded() || snap.GetParticleNumber() == 0) return nullptr;
+
+    const double tau = sequence.GetDT(index, fraction);
+    if (!mState) mState = std::make_unique<SnapData_cls>();
+    mState->Build(SnapSource_cls::Of(snap.GetBlock()), sequence.GetSnapAttributes(), tau,
+                  mDrawOption.GetStep());
+    return mState.get();
+}
+
+Parameters_cls* Main_cls::GetPCParamFromID(const wxString& identifier) {
+    if (Parameters_cls* found = mTimeCtrl.GetRemapGroup().GetPCParamFromID(identifier)) return found;
+    for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
+        for (const auto& attribute : mSeqCtrl.GetSequence(i).GetAttributes()) {
+            for (int curve = 0; curve < SnapAttribute_cls::kCurveCount; ++curve) {
+                ParamGroup_cls& group = attribute->GetCurve(curve).GetParamGroup();
+                if (Parameters_cls* found = group.GetPCParamFromID(identifier)) return found;
+            }
+        }
     }
-    std::string text(std::min<uint64_t>(file->GetSize(), kMaxProjectByte), '\0');
-    text.resize(file->ReadAt(0, text.data(), text.size()));
-    ReadLines(text);
-    return true;
+    return nullptr;
 }
 
-void Main_cls::ReadConfigFile(const wxString& path) {
-    if (InputFile_cls::CanOpen(path)) ReadProjectFile(path);
+void Main_cls::ApplyPreferences() {
+    mSeqCtrl.SetMemoryLimitMB(mPreference.mMemoryLimit.mValue);
+    GThreadNumberReadAscii.store(static_cast<unsigned int>(std::max(mPreference.mReaderThreads.mValue, 0)),
+                                 std::memory_order_relaxed);
 }
 
-wxString Main_cls::SaveProjectFile(const wxString& path) {
-    const wxString text = mDataLoader.Serialize() + mSequence.Serialize();
-    return OutputFile_cls::WriteWhole(path, ToBytes(text), OutputFile_cls::Sync::Durable);
+wxString Main_cls::GetConfigPath() const {
+    return mProgramFolder + "/" + ProjectFile_cls::kConfigName;
+}
+
+bool Main_cls::QuitProcess() {
+    return ProjectFile_cls(*this).SaveProjectFile(GetConfigPath(), false) == 1;
 }

@@ -4,6 +4,7 @@
 #include <clocale>
 #include <cstdio>
 #include <filesystem>
+#include <new>
 
 #include "core/clsBatch.h"
 #include "core/clsCommandLine.h"
@@ -17,6 +18,13 @@ wxString ProgramFolder() {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
     return error ? wxString(".") : FromBytes(program.parent_path().string());
+}
+
+/// The status of a job whose results could be written, else a failure.
+int FinishOutput(int status) {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    PrintError("standard output cannot be written");
+    return status == Batch_cls::kDone ? Batch_cls::kFailed : status;
 }
 
 }  // namespace
@@ -36,12 +44,12 @@ int main(int argc, char** argv) {
     switch (line->mAction) {
         case CommandLine_cls::Action::Help:
             std::fputs(CommandLine_cls::HelpText(), stdout);
-            return Batch_cls::kDone;
+            return FinishOutput(Batch_cls::kDone);
         case CommandLine_cls::Action::Version:
             std::puts("varnholt3 " VARNHOLT_VERSION);
-            return Batch_cls::kDone;
+            return FinishOutput(Batch_cls::kDone);
         case CommandLine_cls::Action::Window:
-            PrintError("one of --info, --render and --save is needed (see varnholt3 --help)");
+            PrintError("one of --info, --render, --export and --save is needed (see varnholt3 --help)");
             return Batch_cls::kWrongUsage;
         default:
             break;
@@ -49,5 +57,11 @@ int main(int argc, char** argv) {
     const wxInitializer wx;
     wxLog::SetActiveTarget(new wxLogStderr);
     ImageFile_cls::InitHandlers();
-    return Batch_cls(*line, ProgramFolder()).Run();
+    int status = Batch_cls::kFailed;
+    try {
+        status = Batch_cls(*line, ProgramFolder()).Run();
+    } catch (const std::bad_alloc&) {
+        PrintError(line->mFile + ": not enough memory");
+    }
+    return FinishOutput(status);
 }

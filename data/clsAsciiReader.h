@@ -3,14 +3,10 @@
 #include <string_view>
 #include <vector>
 
+#include "data/clsBodyReport.h"
 #include "data/clsGrammerBase.h"
 #include "data/clsParticleTarget.h"
-
-/// What a body reader found.
-struct BodyReport_cls {
-    int mRecords = 0;     ///< records stored
-    int mBadRecords = 0;  ///< of these, records with a value that is missing, no number, or not finite
-};
+#include "data/clsTextCursor.h"
 
 /// Reads particle records from text, one a line, columns in the order of the body grammar.
 /// Blank lines and lines that start with "#" are no records. Columns are separated by blanks, tabs, commas or
@@ -27,11 +23,11 @@ class AsciiReader_cls {
 
     /// The text behind the given number of whole lines.
     static std::string_view SkipLines(std::string_view text, unsigned int lines);
-    /// Number of lines that hold a record.
-    static int CountRecords(std::string_view text);
+    /// Number of lines that hold a record; counting stops at `most`.
+    static int CountRecords(std::string_view text, int most);
 
   private:
-    bool ReadRecord(std::string_view line, size_t particle, const ParticleTarget_cls& target) const;
+    bool ReadRecord(TextCursor_cls* line, size_t particle, const ParticleTarget_cls& target) const;
 
     std::vector<int> mCodes;
 };

@@ -8,8 +8,6 @@ namespace {
 
 constexpr int kMaxPatternDigits = 5;
 constexpr size_t kMaxStemLength = 1000;
-/// More digits do not fit 32 bits: the leading ones of a longer number belong to the prefix.
-constexpr int kMaxNumberDigits = 9;
 
 wxString Pattern(int digits) {
     return wxString::Format("%%0%dd", digits);
@@ -60,11 +58,8 @@ void FileSequence_cls::InitFormat() {
         mFormat = mPath;
         return;
     }
-    if (stem.length() - begin > kMaxNumberDigits) begin = stem.length() - kMaxNumberDigits;
-
-    long number = 0;
-    stem.substr(begin).ToLong(&number, 10);
-    mStart = static_cast<int>(number);
+    // The leading digits of a number that does not fit 32 bits belong to the prefix.
+    while (!stem.substr(begin).ToInt(&mStart, 10)) ++begin;
     mDigits = static_cast<int>(stem.length() - begin);
     mPrefix = stem.substr(0, begin);
     mSuffix = split.mExtension;

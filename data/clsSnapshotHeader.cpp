@@ -1,9 +1,11 @@
 #include "data/clsSnapshotHeader.h"
 
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -15,14 +17,30 @@ std::string_view TrimFront(std::string_view text) {
     return begin == std::string_view::npos ? std::string_view() : text.substr(begin);
 }
 
-template <class Number>
-bool ParseNumber(std::string_view line, std::optional<Number>* number) {
+/// The number that a line starts with; Fortran writes exponents with a D.
+bool ParseReal(std::string_view line, double* value) {
     line = TrimFront(line);
     if (!line.empty() && line.front() == '+') line.remove_prefix(1);
-    Number value{};
-    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), value);
-    number->emplace(value);
-    return error == std::errc();
+    std::string word(line.substr(0, line.find_first_of(" \t,;")));
+    const size_t exponent = word.find_first_of("dD");
+    if (exponent != std::string::npos) word[exponent] = 'e';
+    *value = 0.0;
+    return std::from_chars(word.data(), word.data() + word.size(), *value).ec == std::errc() &&
+           std::isfinite(*value);
+}
+
+bool ParseTime(std::string_view line, std::optional<double>* time) {
+    double value = 0.0;
+    const bool good = ParseReal(line, &value);
+    time->emplace(good ? value : 0.0);
+    return good;
+}
+
+bool ParseCount(std::string_view line, std::optional<int>* number) {
+    double value = 0.0;
+    const bool good = ParseReal(line, &value) && value == std::floor(value) && std::abs(value) <= INT_MAX;
+    number->emplace(good ? static_cast<int>(value) : 0);
+    return good;
 }
 
 template <class Number>
@@ -57,6 +75,7 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
         switch (code) {
             case GrammerBase_cls::kTime:
                 header.mTime = static_cast<double>(Load<float>(position));
+                if (!std::isfinite(*header.mTime)) header.mTime = 0.0;
                 break;
             case GrammerBase_cls::kNumber:
                 header.mNumber = Load<int32_t>(position);
@@ -64,19 +83,20 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
             default:
                 break;
         }
-        position += GrammerBase_cls::HeadUnits(code) * 4;
+        position += size_t{4} * GrammerBase_cls::HeadUnits(code);
     }
     return header;
 }
 
 SnapshotHeader_cls SnapshotHeader_cls::FromText(std::string_view text, const GrammerBase_cls& grammer) {
     SnapshotHeader_cls header;
+    // Editors of other systems put a byte-order mark first.
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
     for (const int code : grammer.GetHeaderGrammer()) {
         if (text.empty()) header.mComplete = false;
         const std::string_view line = TakeLine(&text).substr(0, kMaxHeaderLine);
-        if (code == GrammerBase_cls::kTime) header.mComplete &= ParseNumber(line, &header.mTime);
-        if (code == GrammerBase_cls::kNumber) header.mComplete &= ParseNumber(line, &header.mNumber);
+        if (code == GrammerBase_cls::kTime) header.mComplete &= ParseTime(line, &header.mTime);
+        if (code == GrammerBase_cls::kNumber) header.mComplete &= ParseCount(line, &header.mNumber);
     }
-    if (header.mTime && !std::isfinite(*header.mTime)) header.mTime = 0.0;
     return header;
 }

@@ -1,39 +1,69 @@
 #include "data/clsThreadFileReader.h"
 
-#include <algorithm>
-#include <string>
-#include <vector>
+#include <utility>
 
-#include "data/clsBinaryReader.h"
+#include "data/clsBodyProgress.h"
+#include "seam/clsDiagnostics.h"
+#include "seam/clsEventSink.h"
+#include "seam/clsUserMessage.h"
+
+std::atomic<ThreadFileReader_cls*> GpCThreadReader{nullptr};
+std::atomic<bool> GbThreadReaderFinished{true};
+std::atomic<int> GThreadReaderIndex{-1};
 
 namespace {
 
-/// Pieces of this size stay in the processor's cache between reading and cutting.
-constexpr size_t kPieceByte = 640 * 1024;
+/// The reader that was started last; it may have ended. GUI thread only.
+std::unique_ptr<ThreadFileReader_cls> lastReader;
 
 }  // namespace
 
-BodyReport_cls ThreadFileReader_cls::ReadBinaryBody() const {
-    const BinaryReader_cls reader(mLoader);
-    BodyReport_cls report;
-    if (reader.GetRecordByte() == 0) return report;
-
-    std::vector<char> piece(std::max<size_t>(kPieceByte / reader.GetRecordByte(), 1) *
-                            reader.GetRecordByte());
-    uint64_t position = mLoader.GetHeaderByte();
-    while (report.mRecords < mTarget.mCount) {
-        const size_t got = mFile.ReadAt(position, piece.data(), piece.size());
-        const BodyReport_cls part = reader.Read({piece.data(), got}, report.mRecords, mTarget);
-        if (part.mRecords == 0) break;
-        report.mRecords += part.mRecords;
-        report.mBadRecords += part.mBadRecords;
-        position += got;
-    }
-    return report;
+void ThreadFileReader_cls::SetParameters(const Outcome& outcome, const DataLoader_cls& loader,
+                                         InputFile_cls file, const ParticleTarget_cls& target) {
+    mOutcome = outcome;
+    mReader.emplace(loader, target);
+    mFile.emplace(std::move(file));
 }
 
-BodyReport_cls ThreadFileReader_cls::ReadAsciiBody() const {
-    const std::string text = mFile.ReadRest(0);
-    const std::string_view body = AsciiReader_cls::SkipLines(text, mLoader.GetHeaderLine());
-    return AsciiReader_cls(mLoader).Read(body, 0, mTarget);
+void ThreadFileReader_cls::SetParameters(const Outcome& outcome, const DataLoader_cls& loader,
+                                         const wxString& path, const ParticleTarget_cls& target) {
+    auto file = InputFile_cls::Open(path);
+    // Here and not in the thread: ending the program there would take the ground from under the GUI thread.
+    if (!file) HardStop("Read Main Fails!!");
+    SetParameters(outcome, loader, std::move(*file), target);
+}
+
+bool ThreadFileReader_cls::StartReading(std::unique_ptr<ThreadFileReader_cls> reader, int snapshotIndex) {
+    if (GpCThreadReader.load(std::memory_order_acquire)) return false;
+    // The one before may be finished and yet at its last acts; joined first, it can not undo what follows.
+    Retire();
+    GbThreadReaderFinished.store(false, std::memory_order_release);
+    GThreadReaderIndex.store(snapshotIndex, std::memory_order_release);
+    GpCThreadReader.store(reader.get(), std::memory_order_release);
+    lastReader = std::move(reader);
+    if (!lastReader->Start()) MsgBoxExit("Can't create thread", "Error!");
+    return true;
+}
+
+void ThreadFileReader_cls::Retire() {
+    lastReader.reset();
+    GpCThreadReader.store(nullptr, std::memory_order_release);
+}
+
+wxThread::ExitCode ThreadFileReader_cls::Entry() {
+    GThreadReaderPercentage.store(0, std::memory_order_relaxed);
+    *mOutcome.report = mReader->Read(*mFile);
+    mOutcome.count->store(mOutcome.report->mRecords, std::memory_order_relaxed);
+    mFile.reset();
+
+    mOutcome.loaded->store(true, std::memory_order_release);
+    GbThreadReaderFinished.store(true, std::memory_order_release);
+    GThreadReaderPercentage.store(100, std::memory_order_relaxed);
+    EventSink_cls::PostToFrame(EventSink_cls::kRefreshStatus);
+    EventSink_cls::PostToFrame(EventSink_cls::kRedraw);
+    // The last acts: waiting loops stop when the index changes. Whoever waited may have cleared the pointer.
+    ThreadFileReader_cls* self = this;
+    GpCThreadReader.compare_exchange_strong(self, nullptr, std::memory_order_acq_rel);
+    GThreadReaderIndex.store(-1, std::memory_order_release);
+    return nullptr;
 }

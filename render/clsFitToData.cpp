@@ -15,10 +15,10 @@ constexpr double kMargin = 1.05;
 
 }  // namespace
 
-DataBounds_cls DataBounds_cls::Of(std::span<const float> positions) {
+DataBounds_cls DataBounds_cls::Of(std::span<const float> positions, size_t stride) {
     std::vector<Vector3> samples;
     const size_t count = positions.size() / 3;
-    const size_t step = std::max<size_t>(1, (count + kMaxSamples - 1) / kMaxSamples);
+    const size_t step = stride * std::max<size_t>(1, (count / stride + kMaxSamples - 1) / kMaxSamples);
     for (size_t i = 0; i < count; i += step) {
         const float* p = &positions[3 * i];
         if (std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2])) {
@@ -30,7 +30,7 @@ DataBounds_cls DataBounds_cls::Of(std::span<const float> positions) {
     if (samples.empty()) return bounds;
 
     const auto rank = [&](double share) {
-        return static_cast<ptrdiff_t>(share * static_cast<double>(samples.size() - 1) + 0.5);
+        return static_cast<ptrdiff_t>(std::lround(share * static_cast<double>(samples.size() - 1)));
     };
     for (size_t axis = 0; axis < 3; ++axis) {
         const auto less = [axis](const Vector3& a, const Vector3& b) { return a[axis] < b[axis]; };

@@ -9,8 +9,9 @@ struct DataBounds_cls {
     Vector3 mCentre{0.0, 0.0, 0.0};
     double mRadius = 1.0;
 
-    /// Three floats a particle; those that are not finite are left out. No particles: the unit sphere.
-    static DataBounds_cls Of(std::span<const float> positions);
+    /// Three floats a particle, of which particles 0, stride, 2 stride, ... are looked at; those that are not
+    /// finite are left out. No particles: the unit sphere.
+    static DataBounds_cls Of(std::span<const float> positions, size_t stride = 1);
 };
 
 /// A camera in front of the x-y plane, y up, that shows the sphere whole in a picture with this angle

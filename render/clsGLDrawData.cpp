@@ -1,9 +1,11 @@
 #include "render/clsGLDrawData.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <vector>
 
+#include "interp/clsSnapData.h"
 #include "render/clsOpenGL.h"
 
 namespace {
@@ -23,13 +25,15 @@ constexpr std::array<std::array<uint8_t, 4>, 5> kTypeColour = {{{255, 196, 120, 
 /// What one glowing point adds to the picture.
 constexpr float kGlow = 0.18F;
 
-std::vector<ColouredPoint> MakePoints(std::span<const float> positions, std::span<const uint8_t> types) {
+std::vector<ColouredPoint> MakePoints(const SnapData_cls& state) {
     std::vector<ColouredPoint> points;
-    points.reserve(types.size());
-    for (size_t i = 0; i < types.size(); ++i) {
-        const float* p = &positions[3 * i];
+    const auto count = static_cast<size_t>(state.GetCount());
+    const auto stride = static_cast<size_t>(state.GetStride());
+    points.reserve(count / stride + 1);
+    for (size_t i = 0; i < count; i += stride) {
+        const float* p = state.GetPosition() + 3 * i;
         if (!std::isfinite(p[0]) || !std::isfinite(p[1]) || !std::isfinite(p[2])) continue;
-        const auto& c = kTypeColour[types[i] < kTypeColour.size() ? types[i] : 0];
+        const auto& c = kTypeColour[std::min<size_t>(state.GetType()[i], kTypeColour.size() - 1)];
         points.push_back({{p[0], p[1], p[2]}, {c[0], c[1], c[2], c[3]}});
     }
     return points;
@@ -37,9 +41,8 @@ std::vector<ColouredPoint> MakePoints(std::span<const float> positions, std::spa
 
 }  // namespace
 
-void GLDrawData_cls::GLDrawPointAll(std::span<const float> positions, std::span<const uint8_t> types,
-                                    float pointSize, Look look) {
-    const std::vector<ColouredPoint> points = MakePoints(positions, types);
+void GLDrawData_cls::GLDrawPointAll(const SnapData_cls& state, float pointSize, Look look) {
+    const std::vector<ColouredPoint> points = MakePoints(state);
     if (points.empty()) return;
 
     glPushAttrib(GL_ENABLE_BIT | GL_POINT_BIT | GL_COLOR_BUFFER_BIT);

@@ -68,7 +68,8 @@ std::unique_ptr<OffscreenContext_cls> OffscreenContext_cls::CreateOn(void* displ
     void* context = usable ? eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr) : EGL_NO_CONTEXT;
     if (context == EGL_NO_CONTEXT) return nullptr;
     std::unique_ptr<OffscreenContext_cls> made(new OffscreenContext_cls(display, context));
-    return made->MakeCurrent() ? std::move(made) : nullptr;
+    if (!made->MakeCurrent()) made.reset();
+    return made;
 }
 
 bool OffscreenContext_cls::MakeCurrent() {

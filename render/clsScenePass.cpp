@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "interp/clsSnapData.h"
 #include "render/clsFitToData.h"
 #include "render/clsGLDrawData.h"
 #include "render/clsOpenGL.h"
@@ -33,8 +34,10 @@ std::unique_ptr<ScenePass_cls> ScenePass_cls::Create(int width, int height, wxSt
     return std::unique_ptr<ScenePass_cls>(new ScenePass_cls(std::move(context), std::move(buffer)));
 }
 
-void ScenePass_cls::FitTo(std::span<const float> positions) {
-    const DataBounds_cls bounds = DataBounds_cls::Of(positions);
+void ScenePass_cls::FitTo(const SnapData_cls& state) {
+    const DataBounds_cls bounds =
+        DataBounds_cls::Of({state.GetPosition(), 3 * static_cast<size_t>(state.GetCount())},
+                           static_cast<size_t>(state.GetStride()));
     mCamera = FitCamera(bounds, kViewAngle);
     const double distance = mCamera.mPosition[2] - mCamera.mAnchor[2];
     // Data of any unit: the depth range follows the distance.
@@ -42,7 +45,7 @@ void ScenePass_cls::FitTo(std::span<const float> positions) {
     mFar = 100.0 * distance;
 }
 
-std::vector<uint8_t> ScenePass_cls::Draw(std::span<const float> positions, std::span<const uint8_t> types) {
+std::vector<uint8_t> ScenePass_cls::Draw(const SnapData_cls* state) {
     mBuffer->Bind();
     GLPerspective_cls perspective(mBuffer->GetWidth(), mBuffer->GetHeight(), kViewAngle, mNear, mFar);
     perspective.SetViewportOnGL();
@@ -53,8 +56,11 @@ std::vector<uint8_t> ScenePass_cls::Draw(std::span<const float> positions, std::
 
     glClearColor(0.02F, 0.02F, 0.035F, 1.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    const auto look = types.size() > kCrowd ? GLDrawData_cls::Look::Glowing : GLDrawData_cls::Look::Opaque;
-    const double size = PointSizeFor(types.size(), mBuffer->GetHeight());
-    GLDrawData_cls().GLDrawPointAll(positions, types, static_cast<float>(size), look);
+    if (state && state->GetCount() > 0) {
+        const size_t shown = static_cast<size_t>(state->GetCount()) / static_cast<size_t>(state->GetStride());
+        const auto look = shown > kCrowd ? GLDrawData_cls::Look::Glowing : GLDrawData_cls::Look::Opaque;
+        const double size = PointSizeFor(shown, mBuffer->GetHeight());
+        GLDrawData_cls().GLDrawPointAll(*state, static_cast<float>(size), look);
+    }
     return mBuffer->ReadRGB();
 }

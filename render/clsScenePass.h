@@ -2,13 +2,14 @@
 
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <vector>
 
 #include "render/clsGLPerspective.h"
 #include "render/clsOffscreenBuffer.h"
 #include "render/clsOffscreenContext.h"
 #include "render/clsPositionAndDirection.h"
+
+class SnapData_cls;
 
 /// Draws whole frames off-screen. Owns the context and the buffer it draws into.
 /// Threads: the thread that created it. Failure: Create() gives null and says why.
@@ -17,9 +18,10 @@ class ScenePass_cls {
     static std::unique_ptr<ScenePass_cls> Create(int width, int height, wxString* why);
 
     /// The camera of all frames: placed so that these particles fill the picture.
-    void FitTo(std::span<const float> positions);
-    /// Draws particles as points and returns the picture, three bytes a pixel, top row first.
-    std::vector<uint8_t> Draw(std::span<const float> positions, std::span<const uint8_t> types);
+    void FitTo(const SnapData_cls& state);
+    /// Draws particles as points and returns the picture, three bytes a pixel, top row first. Null: no
+    /// particles.
+    std::vector<uint8_t> Draw(const SnapData_cls* state);
 
   private:
     ScenePass_cls(std::unique_ptr<OffscreenContext_cls> context, std::unique_ptr<OffscreenBuffer_cls> buffer)

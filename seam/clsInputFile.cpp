@@ -41,12 +41,13 @@ InputFile_cls::~InputFile_cls() {
     if (mDescriptor >= 0) close(mDescriptor);
 }
 
-size_t InputFile_cls::ReadAt(uint64_t position, void* destination, size_t bytes) const {
+size_t InputFile_cls::ReadAt(uint64_t position, void* destination, size_t bytes, std::string* why) const {
     size_t done = 0;
     while (done < bytes) {
         const ssize_t got = pread(mDescriptor, static_cast<char*>(destination) + done, bytes - done,
                                   static_cast<off_t>(position + done));
         if (got < 0 && errno == EINTR) continue;
+        if (got < 0 && why) *why = std::strerror(errno);
         if (got <= 0) break;
         done += static_cast<size_t>(got);
     }

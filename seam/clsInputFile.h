@@ -8,7 +8,8 @@
 #include <string>
 
 /// A regular file opened for reading; closed with the object.
-/// Threads: one thread at a time. Failure: Open() says why in words, Read() returns fewer bytes.
+/// Threads: ReadAt() and ReadRest() from any thread, several at a time.
+/// Failure: Open() and ReadAt() say why in words; ReadAt() then returns fewer bytes.
 class InputFile_cls {
   public:
     /// Null when the file is missing, unreadable or no regular file; `why` then holds the reason in words.
@@ -21,9 +22,9 @@ class InputFile_cls {
 
     /// Bytes in the file when it was opened.
     uint64_t GetSize() const { return mSize; }
-    /// Reads from an absolute position. Returns the bytes read: fewer than asked for at the end of the file
-    /// or on a read error.
-    size_t ReadAt(uint64_t position, void* destination, size_t bytes) const;
+    /// Reads from an absolute position. Returns the bytes read: fewer than asked for at the end of the file,
+    /// or on a read error, whose reason is then put into `why`.
+    size_t ReadAt(uint64_t position, void* destination, size_t bytes, std::string* why = nullptr) const;
     /// The file from a position to its end.
     std::string ReadRest(uint64_t position) const;
 

@@ -38,12 +38,18 @@ OutputFile_cls::OutputFile_cls(const wxString& path) : mPath(path), mTarget(Reso
         Fail("open");
         return;
     }
+    // Renaming would replace a file that nobody may write.
+    if (exists && faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) != 0) {
+        Fail("write");
+        return;
+    }
     // The folder part is the target's; a stale temporary file of a killed run is passed over.
     const std::string folder = FolderOf(mTarget);
     const std::string name = mTarget.substr(mTarget.rfind('/') + 1, 200);
     for (int attempt = 0; attempt < 100 && mDescriptor < 0; ++attempt) {
-        mTemporary =
-            folder + "." + name + "." + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".part";
+        mTemporary = folder;
+        mTemporary.append(".").append(name).append(".").append(std::to_string(getpid()));
+        mTemporary.append("-").append(std::to_string(attempt)).append(".part");
         mDescriptor = open(mTemporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (mDescriptor < 0 && errno != EEXIST) break;
     }

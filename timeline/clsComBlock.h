@@ -6,7 +6,7 @@
 /// Taken back by a ComBlockClose. Bears the step's name.
 class ComBlockOpen final : public CommandItem_cls {
   public:
-    explicit ComBlockOpen(wxString name = {}) : CommandItem_cls(0, kBlockOpen), mName(std::move(name)) {}
+    explicit ComBlockOpen(const wxString& name = {}) : CommandItem_cls(0, kBlockOpen), mName(name) {}
 
     void Execute(bool undo) override;
     wxString GetName() const override { return mName; }

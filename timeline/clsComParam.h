@@ -120,8 +120,8 @@ class ComParamSetTimeDependent_cls final : public ComParamBase_cls {
 /// Restores a stored copy of a whole parameter: takes back every edit that has no shorter way back.
 class ComParamMemento_cls final : public ComParamBase_cls {
   public:
-    ComParamMemento_cls(Parameters_cls& parameter, Parameters_cls::State state, wxString name)
-        : ComParamBase_cls(parameter), mState(std::move(state)), mName(std::move(name)) {}
+    ComParamMemento_cls(Parameters_cls& parameter, Parameters_cls::State state, const wxString& name)
+        : ComParamBase_cls(parameter), mState(std::move(state)), mName(name) {}
     wxString GetName() const override { return mName; }
 
   private:

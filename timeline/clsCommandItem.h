@@ -3,7 +3,6 @@
 #include <wx/string.h>
 
 #include <cstdint>
-#include <utility>
 
 /// One half of an undoable change: the command that makes it, or the one that takes it back.
 /// Every kind of change derives its own class; the undo list owns the commands and runs them.

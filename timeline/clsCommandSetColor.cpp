@@ -4,10 +4,10 @@
 
 #include "timeline/clsUndoManager.h"
 
-CommandSetColor_cls::CommandSetColor_cls(wxString name, std::span<float> setting, const Color4& color,
+CommandSetColor_cls::CommandSetColor_cls(const wxString& name, std::span<float> setting, const Color4& color,
                                          int updateBits, std::function<void()> changed)
     : CommandItem_cls(updateBits),
-      mName(std::move(name)),
+      mName(name),
       mSetting(setting.first(std::min(setting.size(), color.size()))),
       mColor(color),
       mChanged(std::move(changed)) {}

@@ -12,7 +12,7 @@ using Color4 = std::array<float, 4>;
 /// Sets a colour setting: the three or four floats it is made of, which must outlive the undo list's entries.
 class CommandSetColor_cls final : public CommandItem_cls {
   public:
-    CommandSetColor_cls(wxString name, std::span<float> setting, const Color4& color, int updateBits,
+    CommandSetColor_cls(const wxString& name, std::span<float> setting, const Color4& color, int updateBits,
                         std::function<void()> changed = {});
 
     void Execute(bool undo) override;

@@ -14,11 +14,8 @@ class CommandSetValue_cls final : public CommandItem_cls {
   public:
     using Setter = std::function<void(const Value&)>;
 
-    CommandSetValue_cls(wxString name, Setter setter, Value value, int updateBits)
-        : CommandItem_cls(updateBits),
-          mName(std::move(name)),
-          mSetter(std::move(setter)),
-          mValue(std::move(value)) {}
+    CommandSetValue_cls(const wxString& name, Setter setter, Value value, int updateBits)
+        : CommandItem_cls(updateBits), mName(name), mSetter(std::move(setter)), mValue(std::move(value)) {}
 
     void Execute(bool) override {
         mSetter(mValue);

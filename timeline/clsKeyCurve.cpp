@@ -120,7 +120,7 @@ void KeyCurve_cls::AdjustAuto(std::span<KeyFrame_cls> keys, int period, size_t f
 double KeyCurve_cls::HermiteVelocityAt(double t) const {
     if (mKeys.empty() || t <= mKeys.front().mTime || t >= mKeys.back().mTime) return 0.0;
     const size_t i = FindSegment(t, 0.0);
-    if (!IsHermite(mKeys[i].mType)) return 0.0;
+    if (i + 1 == mKeys.size() || !IsHermite(mKeys[i].mType)) return 0.0;
     const double h = mKeys[i + 1].mTime - mKeys[i].mTime;
     const double s = (t - mKeys[i].mTime) / h;
     const Cubic c = GetCubic(i);

@@ -8,10 +8,6 @@
 
 namespace {
 
-bool IsSame(const Parameters_cls::State& a, const Parameters_cls::State& b) {
-    return a.keys == b.keys && a.timeDependent == b.timeDependent && a.periodic == b.periodic;
-}
-
 /// The edit has been made: puts copies of before and after on the undo list.
 void PushMementos(const wxString& name, Parameters_cls& parameter, Parameters_cls::State before,
                   Parameters_cls::State after) {
@@ -128,7 +124,7 @@ void ParamEdit_cls::Change(const wxString& name, const std::function<void(Parame
     Parameters_cls::State before = mParameter.GetState();
     edit(mParameter);
     Parameters_cls::State after = mParameter.GetState();
-    if (!IsSame(before, after)) PushMementos(name, mParameter, std::move(before), std::move(after));
+    if (before != after) PushMementos(name, mParameter, std::move(before), std::move(after));
 }
 
 void ParamEdit_cls::ChangeGroup(const wxString& name, ParamGroup_cls& group,
@@ -141,10 +137,11 @@ void ParamEdit_cls::ChangeGroup(const wxString& name, ParamGroup_cls& group,
     std::vector<Parameters_cls*> parameters;
     Gather(group, parameters);
     std::vector<Changed> changes;
+    changes.reserve(parameters.size());
     for (Parameters_cls* parameter : parameters) changes.push_back({parameter, parameter->GetState(), {}});
     edit();
     for (Changed& change : changes) change.after = change.parameter->GetState();
-    std::erase_if(changes, [](const Changed& change) { return IsSame(change.before, change.after); });
+    std::erase_if(changes, [](const Changed& change) { return change.before == change.after; });
     if (changes.empty()) return;
 
     const UndoBlock_cls block(name);

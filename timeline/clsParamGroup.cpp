@@ -15,8 +15,7 @@ ParamGroup_cls::ParamGroup_cls(const wxString& name, int dimension,
         const size_t index = static_cast<size_t>(i);
         const wxString component =
             index < componentNames.size() ? componentNames[index] : wxString::Format("%d", i);
-        mParameters.emplace_back(component, identifier + "." + component, mHost, this);
-        if (timeDependent) mParameters.back().SetTimeDependent(true);
+        mParameters.emplace_back(component, identifier + "." + component, mHost, this, timeDependent);
     }
     SetUpItems();
 }
@@ -210,10 +209,10 @@ void ParamGroup_cls::Flip() {
 
 void ParamGroup_cls::Swap(int count) {
     if (count < 2 || count > GetDimension()) return;
-    std::vector<KeyFrame_cls> first = GetParameter(0).GetKeys();
+    const std::vector<KeyFrame_cls> first = GetParameter(0).GetKeys();
     for (int i = 0; i < count; ++i) {
         Parameters_cls::State state = GetParameter(i).GetState();
-        state.keys = i + 1 < count ? GetParameter(i + 1).GetKeys() : std::move(first);
+        state.keys = i + 1 < count ? GetParameter(i + 1).GetKeys() : first;
         GetParameter(i).SetState(state);
     }
 }

@@ -12,8 +12,9 @@
 /// The parameters of one setting (a position has three, a colour four), keyed as one, and a tree of groups.
 /// A group owns its parameters, which never move in memory. A child is either owned or only linked: the
 /// groups of filters, lights and curves belong to those, and hang in the tree of the core as long as they
-/// live. A group that is destroyed leaves its parent. Operations on keys act at once on all parameters of the
-/// group and of the groups below it unless said otherwise; see Parameters_cls for times, undo and failures.
+/// live. A group that is destroyed leaves its parent.
+/// Operations on keys act at once on all parameters of the group and of the groups below it unless said
+/// otherwise; see Parameters_cls for times, undo and failures.
 /// Threads: GUI thread; GetInterpolatedValue4Fast() on any thread while no key is edited.
 class ParamGroup_cls {
   public:

@@ -38,9 +38,10 @@ void Parameters_cls::SetFrameNumber(int frames, int interp) {
 }
 
 Parameters_cls::Parameters_cls(const wxString& name, const wxString& identifier,
-                               std::shared_ptr<const ParamHost_cls> host, const ParamGroup_cls* group)
+                               std::shared_ptr<const ParamHost_cls> host, const ParamGroup_cls* group,
+                               bool timeDependent)
     : mName(name), mIdentifier(identifier), mHost(std::move(host)), mGroup(group), mKeys(1) {
-    mItems.Add(&mTimeDepend, "timeDepend=", "0");
+    mItems.Add(&mTimeDepend, "timeDepend=", timeDependent ? "1" : "0");
     mItems.Add(&mPeriodic, "periodic=", "0");
 }
 
@@ -252,6 +253,7 @@ int Parameters_cls::MoveKey(int i, double time, int index) {
 }
 
 void Parameters_cls::MoveSelectedKey(double timeOffset, double valueOffset) {
+    if (GetSelectedKeyNum() == 0) return;
     std::vector<KeyFrame_cls> moved = mKeys;
     for (KeyFrame_cls& key : moved) {
         if (!key.mSelected) continue;
@@ -290,7 +292,7 @@ int Parameters_cls::SelectKeyFrameRegion(double from, double to) {
     const auto [low, high] = std::minmax(from, to);
     int count = 0;
     for (KeyFrame_cls& key : mKeys) {
-        if (key.mTime < low || key.mTime > high) continue;
+        if (!(key.mTime >= low && key.mTime <= high)) continue;
         key.mSelected = true;
         ++count;
     }
@@ -433,7 +435,7 @@ bool Parameters_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
 }
 
 void Parameters_cls::ReadKeys(LineStream_cls& stream, const wxString& countLine) {
-    const std::string digits = ToBytes(countLine.substr(8));
+    const std::string digits = ToBytes(countLine.substr(8).Trim(false));
     long long count = 0;
     std::from_chars(digits.data(), digits.data() + digits.size(), count);
 
@@ -460,8 +462,7 @@ wxString Parameters_cls::GetStrExpression(const wxString& name) const {
     }
     for (size_t i = 0; i + 1 < mKeys.size(); ++i) {
         const KeyFrame_cls& key = mKeys[i];
-        // Two keys at one time make a segment that only the scene's very start can meet: not to divide by
-        // zero.
+        // A segment between two keys at one time is met at the scene's very start only: no division by zero.
         const double h = mKeys[i + 1].mTime - key.mTime;
         text += text.empty() ? "#if " : "#elseif ";
         text += "(t0 <= " + Digits(mKeys[i + 1].mTime) + ")\n";

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "CONFITEM/clsConfItemList.h"
@@ -14,13 +15,14 @@
 class LineStream_cls;
 
 /// One scalar setting, constant or animated by keys. Owned by its group.
-/// The operations here act at once, and the host is told. Undo commands call them and keep what they need to
-/// go back: the whole key for one key, the State for everything else. Keys are always sorted by time and
-/// finite: an operation that would break this changes nothing. The tangents of automatic keys are up to date
-/// after every operation; a single key keeps the tangent it has, so that the way back from a second key to
-/// one is the State. Units: the key axis is the normalised time, 0 to 1 over the scene. A default of -1.0
-/// means the timeline's current time, or its display step. Threads: GUI thread; Evaluate() on any thread
-/// while no key is edited.
+/// The operations here act at once and tell the host. Undo commands call them and keep what they need to go
+/// back: the whole key for one key, the State for everything else.
+/// Keys are always sorted by time and finite: an operation that would break this changes nothing. The
+/// tangents of automatic keys are up to date after every operation; a single key keeps the tangent it has, so
+/// that the way back from a second key to one is the State.
+/// Units: the key axis is the normalised time, 0 to 1 over the scene. A default of -1.0 means the timeline's
+/// current time, or its display step.
+/// Threads: GUI thread; Evaluate() on any thread while no key is edited.
 class Parameters_cls {
   public:
     /// Two times closer than this are one: files keep nine decimals of a time.
@@ -36,10 +38,10 @@ class Parameters_cls {
     /// Sub-steps below 1 count as 1; a scene without frames has the resolution 1.
     static void SetFrameNumber(int frames, int interp);
 
-    /// Starts constant, with one key of value 0 at time 0.
+    /// Starts with one key of value 0 at time 0.
     explicit Parameters_cls(const wxString& name = "Untitled", const wxString& identifier = {},
                             std::shared_ptr<const ParamHost_cls> host = {},
-                            const ParamGroup_cls* group = nullptr);
+                            const ParamGroup_cls* group = nullptr, bool timeDependent = false);
     Parameters_cls(const Parameters_cls&) = delete;
     Parameters_cls& operator=(const Parameters_cls&) = delete;
 
@@ -144,6 +146,7 @@ class Parameters_cls {
         std::vector<KeyFrame_cls> keys;
         bool timeDependent = false;
         int periodic = 0;
+        bool operator==(const State&) const = default;
     };
     State GetState() const;
     void SetState(const State& state);

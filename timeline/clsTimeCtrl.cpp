@@ -39,13 +39,18 @@ void TimeCtrl_cls::PublishTime() const {
     Parameters_cls::msCurrentDoubleIndex = GetDoubleIndex();
 }
 
+void TimeCtrl_cls::KeepPlaceInside() {
+    if (mPlace.frame > GetMaxFrame()) mPlace = {GetMaxFrame(), 0};
+    mPlace.step = std::min(mPlace.step, mSettings.GetAnimInterp() - 1);
+    PublishTime();
+}
+
 void TimeCtrl_cls::SetMotionBlur(int samples, float span) {
     mMotionBlur.Set(samples, span);
     PublishTime();
 }
 
 // Mapping
-// ----------------------------------------------------------------------------------------------------
 
 FramePlace TimeCtrl_cls::Resolve(int frame, int step) const {
     return {frame == kCurrent ? mPlace.frame : frame, step == kCurrent ? mPlace.step : step};
@@ -101,7 +106,6 @@ int TimeCtrl_cls::GetInterval(int length) {
 }
 
 // Stepping
-// ---------------------------------------------------------------------------------------------------
 
 FrameStepper_cls TimeCtrl_cls::GetStepper() const {
     const int maxFrame = GetMaxFrame();
@@ -130,7 +134,7 @@ FramePlace TimeCtrl_cls::CalcNextFrameFromStep(int frame, int step, bool clamp, 
 
 bool TimeCtrl_cls::IsWorkingArea(int f) const {
     const FrameRange area = mSettings.GetWorkArea();
-    return area.first <= f && f <= area.last && f <= GetMaxFrame();
+    return area.first <= f && f <= area.last;
 }
 
 void TimeCtrl_cls::SetCustomRegion(int first, int last) {
@@ -139,7 +143,6 @@ void TimeCtrl_cls::SetCustomRegion(int first, int last) {
 }
 
 // Playback
-// ---------------------------------------------------------------------------------------------------
 
 void TimeCtrl_cls::StartPlay(int increment) {
     if (increment == 0) return;
@@ -190,7 +193,6 @@ void TimeCtrl_cls::StopAnimationAt(int frame) {
 }
 
 // Setters
-// ----------------------------------------------------------------------------------------------------
 
 int TimeCtrl_cls::GetValue(TimeValue which) {
     switch (which) {
@@ -219,9 +221,9 @@ void TimeCtrl_cls::ApplyValue(TimeValue which, int value) {
         default:
             mSettings.Set(which, value);
     }
-    mPlace.step = std::min(mPlace.step, mSettings.GetAnimInterp() - 1);
     if (which == TimeValue::UseTimeRemap) HideAndShowRemap();
     if (which == TimeValue::UseMotionBlur) mMotionBlur.Restart();
+    if (which == TimeValue::AnimInterp) KeepPlaceInside();
     PublishTime();
 }
 
@@ -269,6 +271,8 @@ void TimeCtrl_cls::PushValue(TimeValue which, int from, int to, bool alreadyDone
 void TimeCtrl_cls::SetValueCommand(TimeValue which, int value) {
     if (which == TimeValue::MaxFrame) {
         SetMaxFrameCommand(value);
+    } else if (which == TimeValue::UseTimeRemap) {
+        SetTimeRemapCommand(value != 0);
     } else {
         PushValue(which, GetValue(which), Limit(which, value), false);
     }
@@ -285,13 +289,16 @@ void TimeCtrl_cls::SetValueNative(TimeValue which, int value) {
 void TimeCtrl_cls::SetTimeRemapCommand(bool on) {
     if (on == mSettings.IsTimeRemap()) return;
     const UndoBlock_cls block("Time Remap");
-    if (on && GetRemapCurve().GetKeyNumber() < 2) {
+    Parameters_cls::State asMade;
+    asMade.keys.emplace_back();
+    asMade.timeDependent = true;
+    if (on && GetRemapCurve().GetState() == asMade) {
         ParamEdit_cls(GetRemapCurve()).Change("Time Remap", [this](Parameters_cls& curve) {
             curve.InitSet(0.0);
             curve.SetKey(1.0, KeyFrame_cls::kLinear, GetMaxFrame());
         });
     }
-    SetValueCommand(TimeValue::UseTimeRemap, on ? 1 : 0);
+    PushValue(TimeValue::UseTimeRemap, on ? 0 : 1, on ? 1 : 0, false);
 }
 
 void TimeCtrl_cls::ExpandAACommand() {
@@ -329,7 +336,6 @@ void TimeCtrl_cls::MoveInterpStepCommand(int direction) {
 }
 
 // Scene length
-// -----------------------------------------------------------------------------------------------
 
 void TimeCtrl_cls::CheckAfterMaxFrameChange(int oldMaxFrame) {
     const int maxFrame = GetMaxFrame();
@@ -339,8 +345,7 @@ void TimeCtrl_cls::CheckAfterMaxFrameChange(int oldMaxFrame) {
     const FrameRange area = mSettings.GetActiveArea();
     ApplyValue(TimeValue::ActiveAreaMin, area.first);
     ApplyValue(TimeValue::ActiveAreaMax, area.last);
-    if (mPlace.frame > maxFrame) mPlace = {maxFrame, 0};
-    PublishTime();
+    KeepPlaceInside();
 }
 
 void TimeCtrl_cls::CheckWorkingArea() {
@@ -398,7 +403,6 @@ void TimeCtrl_cls::RemapParameterKeys(double factor) {
 }
 
 // Keys of the scene
-// ------------------------------------------------------------------------------------------
 
 void TimeCtrl_cls::ForEachParameter(const std::function<void(Parameters_cls&)>& function) {
     Parameters_cls& curve = GetRemapCurve();
@@ -444,7 +448,6 @@ void TimeCtrl_cls::HideAndShowRemap() const {
 }
 
 // Text
-// -------------------------------------------------------------------------------------------------------
 
 wxString TimeCtrl_cls::Serialize() const {
     return mSettings.Serialize() + kRemapMarker + "\n" + mRemapGroup.Serialize();
@@ -452,7 +455,7 @@ wxString TimeCtrl_cls::Serialize() const {
 
 bool TimeCtrl_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
     if (mSettings.ReadStrLine(line)) {
-        PublishTime();
+        KeepPlaceInside();
         HideAndShowRemap();
         return true;
     }

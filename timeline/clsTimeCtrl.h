@@ -12,13 +12,17 @@ class LineStream_cls;
 
 /// The timeline: which frame is shown, what time and which data it stands for, and how it moves on.
 /// Owned by the core, which gives it at construction what it reaches above itself; it registers with
-/// GCUndoList and writes the shared time of Parameters_cls. Units: frames from 0 to the scene's last one;
-/// sub-steps from 0 to their number - 1; normalised time from 0 to 1 over the scene; data positions in
-/// snapshots with a fraction. A frame or sub-step of -1 means the current. Setters come in two forms:
-/// ...Command() is a step of the undo list, none when nothing would change;
+/// GCUndoList and writes the shared time of Parameters_cls.
+///
+/// Units: frames from 0 to the scene's last one; sub-steps from 0 to their number - 1; normalised time from 0
+/// to 1 over the scene; data positions in snapshots with a fraction. A frame or sub-step of -1 means the
+/// current one.
+///
+/// Setters come in two forms: ...Command() is a step of the undo list, none when nothing would change, and
 /// ...Native() only sets. Both keep values inside their bounds: frames and areas in the scene, the ends of an
-/// area in order, anim step and sub-steps at least 1. Threads: GUI thread only. Failure: none; settings that
-/// make no sense are taken as the nearest that do.
+/// area in order, anim step and sub-steps at least 1.
+///
+/// Threads: GUI thread only. Failure: none; settings that make no sense are taken as the nearest that do.
 class TimeCtrl_cls {
   public:
     static constexpr int kCurrent = -1;
@@ -41,7 +45,6 @@ class TimeCtrl_cls {
     void SetMotionBlur(int samples, float span);
 
     // Mapping
-    // --------------------------------------------------------------------------------------------------
 
     /// Normalised time, 0 in a scene without frames. The current frame's includes its motion-blur sample.
     double GetDoubleIndex(int frame = kCurrent, int step = kCurrent) const;
@@ -65,12 +68,11 @@ class TimeCtrl_cls {
     static int GetInterval(int length);
 
     // Stepping: see FrameStepper_cls
-    // ---------------------------------------------------------------------------
 
     int RoundFrame(int f) const { return GetStepper().RoundFrame(f); }
     int CalcNextFrame(int frame = kCurrent, int direction = 1, bool clamp = false, bool wrap = false) const;
-    /// The current sub-step and the increment, limited to -1 and the number of sub-steps: left of the frame,
-    /// right of it.
+    /// The current sub-step and the increment, limited to -1 (before the frame) and the number of sub-steps
+    /// (behind it).
     int CalcNextStep(int increment) const;
     FramePlace CalcNextFrameFromStep(int frame, int step, bool clamp, bool wrap, int direction = 1) const;
     int AdjustFrameByRange(int f) const { return GetStepper().AdjustFrameByRange(f); }
@@ -81,7 +83,6 @@ class TimeCtrl_cls {
     void ClearCustomRegion() { mHasCustomRegion = false; }
 
     // Playback: driven by the main window when idle
-    // ------------------------------------------------------------
 
     /// The increment is the direction, and the sub-steps a round tries to go; 0 changes nothing.
     void StartPlay(int increment = 1);
@@ -96,7 +97,6 @@ class TimeCtrl_cls {
     FramePacer_cls& GetPacer() { return mPacer; }
 
     // Setters
-    // --------------------------------------------------------------------------------------------------
 
     void SetValueCommand(TimeValue which, int value);
     void SetValueNative(TimeValue which, int value);
@@ -139,7 +139,6 @@ class TimeCtrl_cls {
     void MoveInterpStepCommand(int direction);
 
     // Scene length
-    // ---------------------------------------------------------------------------------------------
 
     /// What happens to keys, which are kept as fractions of the scene, when its length changes.
     enum class KeyRemap {
@@ -160,14 +159,12 @@ class TimeCtrl_cls {
     void CheckWorkingArea();
 
     // What others show
-    // -----------------------------------------------------------------------------------------
 
     /// Tags the snapshots at the keys of all parameters. Done by itself after undoable changes of keys.
     void UpdateSnipping();
     void HideAndShowRemap() const;
 
     // Text
-    // -----------------------------------------------------------------------------------------------------
 
     wxString Serialize() const;
     /// Takes a settings line, or the block of the remap curve from its marker on; false for any other line.
@@ -185,6 +182,7 @@ class TimeCtrl_cls {
     void PushValue(TimeValue which, int from, int to, bool alreadyDone);
     void GoTo(FramePlace place);
     void PublishTime() const;
+    void KeepPlaceInside();
 
     Parameters_cls& GetRemapCurve() { return mRemapGroup.GetParameter(0); }
     void ForEachParameter(const std::function<void(Parameters_cls&)>& function);

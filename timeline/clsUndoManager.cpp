@@ -14,14 +14,11 @@ void UndoManager_cls::PushNewCommand(Command doCommand, Command undoCommand) {
     }
     const bool strayClose = doCommand->GetCommandType() == CommandItem_cls::kBlockClose && mBlockDepth == 0;
     if (strayClose) return;
-
-    if (mStepTooLong) mHistory.Clear(false);
     mHistory.Push({std::move(doCommand), std::move(undoCommand)});
     Trim(1);
 }
 
 // Walking the list
-// -------------------------------------------------------------------------------------------
 
 /// Runs the command at the cursor and moves the cursor on. False when the walk must stop here: at the end of
 /// the list, or because the command has cleared it.
@@ -124,7 +121,6 @@ void UndoManager_cls::SkipCurrent() {
 }
 
 // Blocks
-// -----------------------------------------------------------------------------------------------------
 
 void UndoManager_cls::OpenBlock(const wxString& name) {
     if (mRunning) return;
@@ -152,7 +148,6 @@ void UndoManager_cls::ChangeBlockDepth(int change) {
 }
 
 // Taking entries out
-// -----------------------------------------------------------------------------------------
 
 void UndoManager_cls::Erase(size_t i) {
     if (mDrag && i < mDrag->start) --mDrag->start;
@@ -199,7 +194,6 @@ void UndoManager_cls::DropLongStep() {
 }
 
 // Drags
-// ------------------------------------------------------------------------------------------------------
 
 void UndoManager_cls::BeginDrag(const wxString& name) {
     if (mRunning) return;
@@ -237,7 +231,6 @@ void UndoManager_cls::CancelDrag() {
 }
 
 // What the menus show
-// ----------------------------------------------------------------------------------------
 
 wxString UndoManager_cls::GetUndoName() const {
     return mHistory.GetStepName(mHistory.StepBegin(GetCursor(), mBlockDepth), GetCursor());
@@ -256,7 +249,6 @@ int UndoManager_cls::GetRedoCommandType(size_t i) const {
 }
 
 // Refreshing
-// -------------------------------------------------------------------------------------------------
 
 int UndoManager_cls::AddObserver(Observer observer) {
     mObservers.emplace_back(++mNextObserver, std::move(observer));

@@ -15,11 +15,16 @@
 /// Bounds: the list holds kMaxEntries entries and drops its oldest whole steps beyond that. A single step
 /// that is longer than the whole list is carried out but cannot be undone: it empties the list, since half of
 /// it could only be undone into a state that never was.
+///
 /// Sequences that make no sense stay harmless: a close without an open block is ignored, an undo inside an
-/// open block closes it and takes it back whole. A command that pushes while it runs: what it pushes and
-/// executes is run as a part of it and leaves no entry (the pushing command's own undo answers for it); its
-/// blocks, undos and skips are ignored, and Clear() waits until it has returned. A command that throws: the
-/// whole step is taken back, the list stands as before, the exception goes on. Threads: GUI thread only.
+/// open block closes it and takes it back whole.
+///
+/// A command that pushes while it runs: what it pushes and executes is run as a part of it and leaves no
+/// entry, the running command's own undo answers for it. Its blocks, undos and skips are ignored, and Clear()
+/// waits until it has returned. A command that throws: the whole step is taken back, the list stands as
+/// before, and the exception goes on.
+///
+/// Threads: GUI thread only.
 class UndoManager_cls {
   public:
     using Command = UndoHistory_cls::Command;
@@ -30,7 +35,6 @@ class UndoManager_cls {
     UndoManager_cls& operator=(const UndoManager_cls&) = delete;
 
     // Recording
-    // ------------------------------------------------------------------------------------------------
 
     /// Drops the redo history and appends the pair. Runs nothing.
     void PushNewCommand(Command doCommand, Command undoCommand);
@@ -59,7 +63,6 @@ class UndoManager_cls {
     void Clear();
 
     // A drag: all changes between BeginDrag() and EndDrag() are one step, however many the mouse sends
-    // -----------
 
     /// Begins a drag; one still under way ends. The views follow each change of the drag as it comes.
     void BeginDrag(const wxString& name = {});
@@ -72,7 +75,6 @@ class UndoManager_cls {
     void CancelDrag();
 
     // What the menus show
-    // --------------------------------------------------------------------------------------
 
     bool CanUndo() const { return mHistory.GetCursor() > 0; }
     bool CanRedo() const { return mHistory.GetCursor() < mHistory.GetSize(); }
@@ -94,7 +96,6 @@ class UndoManager_cls {
     int GetRedoCommandType(size_t i) const;
 
     // Refreshing
-    // -----------------------------------------------------------------------------------------------
 
     using Observer = std::function<void(std::uint64_t updateBits)>;
     /// Returns a number to remove it by. An observer is called with bits of CommandItem_cls::Update.
@@ -129,7 +130,7 @@ class UndoManager_cls {
     int mBlockDepth = 0;
     std::uint64_t mPendingUpdates = 0;
     std::optional<Drag> mDrag;
-    bool mStepTooLong = false;  ///< the step under way has outgrown the list and is not recorded
+    bool mStepTooLong = false;  ///< the step under way has outgrown the list and will be dropped
 
     bool mRunning = false;  ///< a command is being run
     bool mClearAfterRun = false;

@@ -7,9 +7,10 @@
 #include <vector>
 
 /// Runs a plain reference and the code under test in turn, so that both meet the same moments of a shared
-/// machine, and reports the medians in milliseconds and their ratio.
-template <class Plain, class Ours>
-void MeasureBeside(benchmark::State& state, const Plain& plain, const Ours& ours) {
+/// machine, and reports the medians in milliseconds and their ratio. Before each of them `prepare` is run,
+/// outside the time.
+template <class Plain, class Ours, class Prepare>
+void MeasureBeside(benchmark::State& state, const Plain& plain, const Ours& ours, const Prepare& prepare) {
     using Clock = std::chrono::steady_clock;
     const auto milliseconds = [](const auto& work) {
         const auto start = Clock::now();
@@ -19,7 +20,9 @@ void MeasureBeside(benchmark::State& state, const Plain& plain, const Ours& ours
     std::vector<double> plainTimes;
     std::vector<double> ourTimes;
     for ([[maybe_unused]] const auto round : state) {
+        prepare();
         plainTimes.push_back(milliseconds(plain));
+        prepare();
         ourTimes.push_back(milliseconds(ours));
         state.SetIterationTime(ourTimes.back() / 1000.0);
     }
@@ -30,4 +33,9 @@ void MeasureBeside(benchmark::State& state, const Plain& plain, const Ours& ours
     state.counters["plain_ms"] = median(plainTimes);
     state.counters["ours_ms"] = median(ourTimes);
     state.counters["ratio"] = state.counters["ours_ms"] / state.counters["plain_ms"];
+}
+
+template <class Plain, class Ours>
+void MeasureBeside(benchmark::State& state, const Plain& plain, const Ours& ours) {
+    MeasureBeside(state, plain, ours, [] {});
 }

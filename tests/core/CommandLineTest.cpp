@@ -143,13 +143,13 @@ TEST(ProgramTest, SettingsSurviveWritingAndReadingUnderEveryLocale) {
         std::setlocale(LC_ALL, "C");
         const std::vector<std::string> environment = {std::string("LC_ALL=") + locale};
         ASSERT_EQ(RunProgram(first, folder.Path(), environment).status, 0);
-        ASSERT_EQ(RunProgram({"--no-config", "--save", "b.vhp", "a.vhp"}, folder.Path(), environment).status,
-                  0);
         const std::string written = ReadWholeFile(folder.File("a.vhp"));
-        EXPECT_EQ(written, ReadWholeFile(folder.File("b.vhp"))) << locale;
+        ASSERT_EQ(RunProgram({"--no-config", "--save", "a.vhp", "a.vhp"}, folder.Path(), environment).status,
+                  0);
+        EXPECT_TRUE(written == ReadWholeFile(folder.File("a.vhp"))) << locale;
         EXPECT_NE(written.find("LoaderTranslate=1.500000 -2.250000 1000000.000000\n"), std::string::npos)
             << written;
-        EXPECT_NE(written.find("DataSequence0=\n" + data + "\n"), std::string::npos) << written;
+        EXPECT_NE(written.find("DataSequence0=NONE\n" + data + "\n"), std::string::npos);
         EXPECT_TRUE(before.empty() || written == before) << locale;
         before = written;
     }

@@ -43,8 +43,8 @@ TEST(FileSequenceTest, NamesAreParsed) {
         {"0042", 42, 4, "%04d", "0049", "L0049"},
         {"snap9999", 9999, 4, "snap%04d", "snap10006", "snapL10006"},
         {"50%_%s_run7.dat", 7, 1, "50%_%s_run%01d.dat", "50%_%s_run14.dat", "50%_%s_runL14.dat"},
-        {"t20261121120000.dat", 121120000, 9, "t20261%09d.dat", "t20261121120007.dat",
-         "t20261L121120007.dat"},
+        {"t20261121120000.dat", 1121120000, 10, "t2026%010d.dat", "t20261121120007.dat",
+         "t2026L1121120007.dat"},
         {"a/b.7/snap", 0, -1, "a/b.7/snap", "a/b.7/snap", "a/b.7/snapL"},
     };
     for (const Case& c : cases) {

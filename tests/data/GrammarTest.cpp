@@ -100,6 +100,11 @@ TEST(SnapshotHeaderTest, TextHeadersTakeOneLineForEachCode) {
         {"0 1", " 1e3 seconds\r\n\t+12 particles\r\n", true, 1000.0, 12},
         {"2 0 2 1", "ITEM: TIMESTEP\n500\nITEM: NUMBER OF ATOMS\n64\n", true, 500.0, 64},
         {"3 0 1", "one line only for the three\n7\n8\n", true, 7.0, 8},
+        {"0 1", "1.5D3\n1e1\n", true, 1500.0, 10},
+        {"1",
+         "\xEF\xBB\xBF"
+         "12\n",
+         true, 0.0, 12},
         {"0 1", "1\n" + std::string(100000, ' ') + "8\n", false, 1.0, 0},
         {"0 1", "time\nnumber\n", false, 0.0, 0},
         {"0 1", "1\n", false, 1.0, 0},
@@ -111,7 +116,7 @@ TEST(SnapshotHeaderTest, TextHeadersTakeOneLineForEachCode) {
         loader.ReadStrLine(wxString("DataLoadGrammerHead=") + c.grammer);
         const auto header = SnapshotHeader_cls::FromText(c.text, loader);
         EXPECT_EQ(header.mComplete, c.complete) << c.text.substr(0, 40);
-        EXPECT_EQ(header.mTime, c.time) << c.text.substr(0, 40);
+        EXPECT_EQ(header.mTime.value_or(0.0), c.time) << c.text.substr(0, 40);
         EXPECT_EQ(header.mNumber, c.number) << c.text.substr(0, 40);
     }
 }

@@ -8,17 +8,12 @@
 #include <random>
 #include <vector>
 
+#include "support/Keys.h"
+
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-KeyFrame_cls Key(double time, double value, unsigned int type = KeyFrame_cls::kLinear, double velocity = 0.0,
-                 double easeFactor = 0.0) {
-    KeyFrame_cls key;
-    key.Set(time, type, value, velocity, easeFactor, false);
-    return key;
-}
 
 double Random(std::mt19937& random, double low, double high) {
     return std::uniform_real_distribution<double>(low, high)(random);

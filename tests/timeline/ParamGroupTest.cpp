@@ -6,16 +6,11 @@
 
 #include "seam/clsLineStream.h"
 #include "seam/clsTextCoding.h"
+#include "support/Keys.h"
 
 namespace {
 
 using Doubles = std::vector<double>;
-
-KeyFrame_cls Key(double time, double value) {
-    KeyFrame_cls key;
-    key.Set(time, KeyFrame_cls::kLinear, value, 0.0, 0.0, false);
-    return key;
-}
 
 /// A position with a ramp from 0 to 1, 2 and 3.
 struct Position {
@@ -77,33 +72,24 @@ TEST(ParamGroupTest, DamagedTextLosesNoMoreThanItself) {
         std::vector<wxString> left;  // for other readers
     };
     const wxString head = "-ParamGroup=Position\n";
+    const wxString start = head + "dimension=2000000000\nunknown=1\nStart\n";
     const Case cases[] = {
-        {"sound", head + "dimension=3\nStart\n" + x + y + z + "a=1\n", {1, 2, 3}, {"a=1"}},
-        {"dimension of its own",
-         head + "dimension=2000000000\nunknown=1\nStart\n" + x + y + z,
-         {1, 2, 3},
-         {}},
+        {"sound but for its dimension", start + x + y + z + "a=1\n", {1, 2, 3}, {"a=1"}},
         {"no Start", head + "dimension=3\n" + x + y + z, {1, 2, 3}, {}},
-        {"one component missing", head + "Start\n" + x + z + "a=1\n", {1, 0, 3}, {"a=1"}},
-        {"no components", head + "Start\na=1\n---Marker\n", {0, 0, 0}, {"a=1", "---Marker"}},
-        {"garbage between", head + "Start\n" + x + "itemnum 5\n\xff\n0.5 0 9 0 0\n" + y + z, {1, 2, 3}, {}},
-        {"nested in itself",
-         head + "dimension=3\n" + head + "Start\n" + x + head + "Start\n" + x + y + z,
-         {1, 2, 3},
-         {}},
-        {"another group inside",
-         head + "Start\n" + x + "-ParamGroup=Other\nStart\n" + y,
-         {1, 0, 0},
-         {"-ParamGroup=Other", "Start", "Parameter_Y", "itemnum 1", "0.2 0 2 0 0 "}},
+        {"one component missing", start + x + z + "a=1\n", {1, 0, 3}, {"a=1"}},
+        {"no components", start + "a=1\n---Marker\n", {0, 0, 0}, {"a=1", "---Marker"}},
+        {"garbage between", start + x + "itemnum 5\n\xff\n0.5 0 9 0 0\n" + y + z, {1, 2, 3}, {}},
+        {"nested in itself", head + start + x + start + x + y + z, {1, 2, 3}, {}},
+        {"another inside", start + x + "-ParamGroup=A\nStart\n", {1, 0, 0}, {"-ParamGroup=A", "Start"}},
         {"end in the head", head + "dimension=3", {0, 0, 0}, {}},
-        {"end in a component", head + "Start\n" + x + "Parameter_Y\nitemnum 2\n0.2 0 2 0 0", {1, 2, 0}, {}},
+        {"end in a component", start + x + "Parameter_Y\nitemnum 2\n0.2 0 2 0 0", {1, 2, 0}, {}},
     };
     for (const Case& c : cases) {
         Position position;
         EXPECT_EQ(ReadAll(position.group, c.text), c.left) << c.name;
-        for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(position.group.GetParameter(i).GetKeyFrameValue(0), c.expected[static_cast<size_t>(i)])
-                << c.name;
+        Doubles firstValues;
+        for (int i = 0; i < 3; ++i) firstValues.push_back(position.group.GetParameter(i).GetKeyFrameValue(0));
+        EXPECT_EQ(firstValues, c.expected) << c.name;
         EXPECT_TRUE(position.group.Serialize().Contains("dimension=3\n")) << c.name;
     }
 }

@@ -2,104 +2,140 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <random>
+#include <sstream>
 #include <stdexcept>
 
 #include "support/RecordingSink.h"
 #include "timeline/clsComBlock.h"
-#include "timeline/clsCommandSetColor.h"
 #include "timeline/clsCommandSetValue.h"
 
 namespace {
 
-/// Runs a function; throws or changes nothing on demand.
-class Call_cls : public CommandItem_cls {
-  public:
-    explicit Call_cls(std::function<void()> call, int bits = 0, bool changesProject = true)
-        : CommandItem_cls(bits), mCall(std::move(call)), mChangesProject(changesProject) {}
-    void Execute(bool) override {
-        mCall();
-        UpdateBit();
-    }
-    bool ChangesProject() const override { return mChangesProject; }
+constexpr int kMax = static_cast<int>(UndoManager_cls::kMaxEntries);
 
-  private:
+struct Call_cls : CommandItem_cls {
+    Call_cls(std::function<void()> call, bool changes) : mCall(std::move(call)), mChanges(changes) {}
+    void Execute(bool) override { mCall(); }
+    bool ChangesProject() const override { return mChanges; }
     std::function<void()> mCall;
-    bool mChangesProject;
+    bool mChanges;
 };
+
+std::unique_ptr<CommandItem_cls> Call(std::function<void()> call, bool changesProject = true) {
+    return std::make_unique<Call_cls>(std::move(call), changesProject);
+}
+
+template <class Command>
+std::unique_ptr<CommandItem_cls> Marker() {
+    return std::make_unique<Command>();
+}
 
 class UndoManagerTest : public ::testing::Test {
   protected:
-    void SetUp() override { GCUndoList.Clear(); }
-    void TearDown() override { GCUndoList.Clear(); }
+    UndoManagerTest() { GCUndoList.Clear(); }
+    ~UndoManagerTest() override { GCUndoList.Clear(); }
 
-    /// The change of mValue to `value` as one pair.
-    void Set(int value) { SetValueCommand("Set", mValue, value, 0); }
-    void Push(int value) {
-        const int before = mValue;
-        GCUndoList.PushNewCommand(std::make_unique<Call_cls>([=, this] { mValue = value; }),
-                                  std::make_unique<Call_cls>([=, this] { mValue = before; }));
+    void Set(int value) { SetValueCommand("Set", mValue, value, CommandItem_cls::kUpdatePanels); }
+
+    /// Works off a script: a number sets the value, the other words are
+    ///   ( ) block, u undo, r redo, k push 77 and skip it, v a change that no project holds, S the project
+    ///   saved, D R E C a drag's begin, restart, end and cancel, xN entry N removed, c a stray close marker
+    ///   pushed by hand, o an open marker pushed without its partner.
+    void Run(const std::string& script) {
+        static const std::map<char, void (*)()> kWords = {
+            {'(', [] { GCUndoList.OpenBlock("Block"); }},
+            {')', [] { GCUndoList.CloseBlock(); }},
+            {'u', [] { GCUndoList.UndoCurrent(); }},
+            {'r', [] { GCUndoList.ExecCurrent(); }},
+            {'v', [] { GCUndoList.PushAndExec(Call([] {}, false), Call([] {}, false)); }},
+            {'S', [] { GCUndoList.MarkSaved(); }},
+            {'D', [] { GCUndoList.BeginDrag("Drag"); }},
+            {'R', [] { GCUndoList.RestartDrag(); }},
+            {'E', [] { GCUndoList.EndDrag(); }},
+            {'C', [] { GCUndoList.CancelDrag(); }},
+            {'c', [] { GCUndoList.PushAndExec(Marker<ComBlockClose>(), Marker<ComBlockOpen>()); }},
+            {'o', [] { GCUndoList.PushAndExec(Marker<ComBlockOpen>(), Marker<ComBlockOpen>()); }}};
+        std::istringstream words(script);
+        for (std::string word; words >> word;) {
+            if (const auto known = kWords.find(word[0]); known != kWords.end()) {
+                known->second();
+            } else if (word[0] == 'x') {
+                GCUndoList.RemoveItem(std::stoul(word.substr(1)));
+            } else if (word[0] == 'k') {
+                GCUndoList.PushNewCommand(Call([] { FAIL() << "run"; }),
+                                          Call([this, before = mValue] { mValue = before; }));
+                mValue = 77;
+                GCUndoList.SkipCurrent();
+            } else {
+                Set(std::stoi(word));
+            }
+        }
     }
-    /// A change of what no project holds.
-    void View() {
-        GCUndoList.PushAndExec(std::make_unique<Call_cls>([] {}, 0, false),
-                               std::make_unique<Call_cls>([] {}, 0, false));
-    }
-    void Block(const std::vector<int>& values) {
-        const UndoBlock_cls block("Block");
-        for (const int value : values) Set(value);
-    }
-    void ExpectAtRest(size_t size, size_t cursor, int value) {
-        EXPECT_EQ(GCUndoList.GetSize(), size);
-        EXPECT_EQ(GCUndoList.GetCursor(), cursor);
-        EXPECT_EQ(GCUndoList.GetBlockDepth(), 0);
-        EXPECT_EQ(mValue, value);
+    /// Value, entries done of all, "*" for a modified project; the depth only where a block is open.
+    std::string State() const {
+        const int depth = GCUndoList.GetBlockDepth();
+        return std::to_string(mValue) + " " + std::to_string(GCUndoList.GetCursor()) + "/" +
+               std::to_string(GCUndoList.GetSize()) + (GCUndoList.IsModified() ? "*" : "") +
+               (depth ? " in " + std::to_string(depth) : "");
     }
 
     int mValue = 0;
 };
 
-TEST_F(UndoManagerTest, StepsAreWalkedWhole) {
-    Push(1);
-    EXPECT_EQ(mValue, 0) << "pushing runs nothing";
-    GCUndoList.ExecCurrent();
-    GCUndoList.OpenBlock("Three");
-    Set(2);
-    Block({3, 4});
-    EXPECT_EQ(GCUndoList.GetBlockDepth(), 1);
-    GCUndoList.CloseBlock();
-    ExpectAtRest(8, 8, 4);
-    EXPECT_EQ(GCUndoList.GetRedoCommandType(1), CommandItem_cls::kBlockOpen);
-    EXPECT_EQ(GCUndoList.GetUndoCommandType(1), CommandItem_cls::kBlockClose);
-    EXPECT_EQ(GCUndoList.GetRedoCommandType(8), -1);
+TEST_F(UndoManagerTest, Scripts) {
+    const struct {
+        const char* what;
+        const char* script;
+        const char* expected;
+    } cases[] = {
+        {"undo stops at the beginning", "1 u u u", "0 0/1"},
+        {"pushing drops what was undone", "1 2 3 u u 4", "4 2/2*"},
+        {"redo stops at the end", "1 2 u r r r", "2 2/2*"},
+        {"skipped", "1 k u", "1 1/2*"},
+        {"an open block", "1 ( 2 3", "3 4/4* in 1"},
+        {"a block is undone whole", "1 ( 2 3 4 ) u", "1 1/6*"},
+        {"blocks in blocks", "1 ( 2 ( 3 4 ) ( 5 ) 6 ) u", "1 1/12*"},
 
-    GCUndoList.UndoCurrent();
-    ExpectAtRest(8, 1, 1);
-    GCUndoList.ExecCurrent();
-    ExpectAtRest(8, 8, 4);
-    for (int i = 0; i < 5; ++i) GCUndoList.UndoCurrent();
-    ExpectAtRest(8, 0, 0);
-    GCUndoList.ExecCurrent();
-    Set(9);
-    ExpectAtRest(2, 2, 9);
-    GCUndoList.ExecCurrent();
-    ExpectAtRest(2, 2, 9);
-    Push(11);
-    mValue = 11;
-    GCUndoList.SkipCurrent();
-    GCUndoList.UndoCurrent();
-    ExpectAtRest(3, 2, 9);
+        {"close without open", ") 1 ) c", "1 1/1*"},
+        {"empty blocks leave nothing", "1 ( ( ) )", "1 1/1*"},
+        {"undo in an open block takes it back whole", "1 ( 2 ( 3 u", "1 1/7*"},
+        {"which can be redone, and closed late", "1 ( 2 ( 3 u ) r", "3 7/7*"},
+        {"an open marker without its partner", "1 o 2 u", "0 0/4"},
 
-    GCUndoList.Clear();
-    Block({1, 2});
-    GCUndoList.UndoCurrent();
-    mValue = 2;
-    GCUndoList.SkipCurrent();
-    ExpectAtRest(4, 4, 2);
+        {"an undone entry removed", "1 2 u x1 r", "1 1/1*"},
+        {"a marker goes with its partner", "1 ( 2 3 ) 4 u x4", "3 3/4*"},
+        {"the open block's marker", "1 ( 2 x1 u", "1 1/2*"},
+
+        {"undone before the saved state", "1 S u", "0 0/1*"},
+        {"it went with what was undone", "1 S u 5 u", "0 0/1*"},
+        {"what went was the same for a project", "1 S v S u v", "1 2/2"},
+        {"saved at a block's end", "( 1 2 S )", "2 4/4"},
+        {"saved in a drag, whose markers come later", "D 1 S v E", "1 4/4"},
+        {"removed behind it", "1 S 2 x1", "2 1/1*"},
+        {"removed before it", "1 2 S x0", "2 1/1"},
+
+        {"a drag's last state is all that stays", "1 D 2 R 3 R 4 E", "4 2/2*"},
+        {"undone to where it began", "1 D 2 R 3 R ( 4 5 ) E u", "1 1/5*"},
+        {"a drag that nobody restarts", "1 D 2 ( 3 4 ) E u", "1 1/8*"},
+        {"a click that drags nothing", "1 2 u D E r", "2 2/2*"},
+        {"dragged back to the beginning", "1 D 2 R E", "1 1/1*"},
+        {"cancelled", "1 D 2 ( 3 4 ) C", "1 1/1*"},
+        {"undone under way", "1 D 2 3 u R E r", "3 5/5*"},
+        {"part of an open block", "1 ( 2 D 3 R 4 5 E ) u", "1 1/6*"},
+        {"restarted inside a block of its own", "1 D ( 2 3 R 4 E", "4 2/2*"},
+        {"an entry before it removed", "1 2 D 3 x0 R E", "2 1/1*"},
+    };
+    for (const auto& c : cases) {
+        GCUndoList.Clear();
+        mValue = 0;
+        Run(c.script);
+        EXPECT_EQ(State(), c.expected) << c.what << ": " << c.script;
+    }
 }
 
-TEST_F(UndoManagerTest, NamesAreThoseOfWholeSteps) {
-    EXPECT_EQ(GCUndoList.GetUndoName(), "");
+TEST_F(UndoManagerTest, MenusNameWholeSteps) {
     SetValueCommand("Size", mValue, 1, 0);
     {
         const UndoBlock_cls unnamed;
@@ -107,9 +143,9 @@ TEST_F(UndoManagerTest, NamesAreThoseOfWholeSteps) {
         SetValueCommand("Shape", mValue, 3, 0);
         EXPECT_EQ(GCUndoList.GetUndoName(), "Colour") << "inside the open block";
     }
-    Block({4, 5});
-    const wxString names[] = {"Block", "Colour", "Size", ""};
-    for (size_t i = 0; i < 3; ++i) {
+    Run("( 4 5 ) D 6 7 E");
+    const wxString names[] = {"Drag", "Block", "Colour", "Size", ""};
+    for (size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(GCUndoList.GetUndoName(), names[i]);
         GCUndoList.UndoCurrent();
         EXPECT_EQ(GCUndoList.GetRedoName(), names[i]);
@@ -117,213 +153,33 @@ TEST_F(UndoManagerTest, NamesAreThoseOfWholeSteps) {
     }
 }
 
-TEST_F(UndoManagerTest, SequencesThatMakeNoSenseStayHarmless) {
-    Set(1);
-    GCUndoList.CloseBlock();
-    GCUndoList.PushAndExec(std::make_unique<ComBlockClose>(), std::make_unique<ComBlockOpen>());
-    ExpectAtRest(1, 1, 1);
-
-    GCUndoList.OpenBlock();
-    GCUndoList.CloseBlock();
-    ExpectAtRest(1, 1, 1);
-
-    GCUndoList.OpenBlock();
-    Set(2);
-    GCUndoList.OpenBlock();
-    Set(3);
-    GCUndoList.UndoCurrent();
-    ExpectAtRest(7, 1, 1);
-    GCUndoList.CloseBlock();
-    GCUndoList.ExecCurrent();
-    ExpectAtRest(7, 7, 3);
-
-    // Markers that somebody pushed by hand, one of them without its partner.
-    GCUndoList.PushNewCommand(std::make_unique<ComBlockOpen>(), std::make_unique<ComBlockOpen>());
-    GCUndoList.SkipCurrent();
-    Set(4);
-    GCUndoList.UndoCurrent();
-    EXPECT_EQ(GCUndoList.GetBlockDepth(), 0);
-    EXPECT_EQ(mValue, 0) << "walked to the beginning, no farther";
-
-    GCUndoList.PushNewCommand(nullptr, nullptr);
-    GCUndoList.RemoveItem(1000);
-    GCUndoList.EndDrag();
-    GCUndoList.RestartDrag();
-    EXPECT_EQ(GCUndoList.GetCursor(), 0U);
-}
-
-TEST_F(UndoManagerTest, RemovedEntriesLeaveWholeBlocks) {
-    Set(1);
-    Block({2, 3});
-    Set(4);
-    GCUndoList.UndoCurrent();
-    GCUndoList.RemoveItem(4);
-    ExpectAtRest(4, 3, 3);
-    GCUndoList.RemoveItem(0);
-    ExpectAtRest(3, 2, 3);
-    GCUndoList.UndoCurrent();
-    ExpectAtRest(3, 1, 2);
-
-    GCUndoList.OpenBlock();
-    Set(7);
-    GCUndoList.RemoveItem(1);
-    ExpectAtRest(2, 2, 7);
-}
-
-TEST_F(UndoManagerTest, TheSavedStateIsKnownThroughUndoAndRedo) {
-    EXPECT_FALSE(GCUndoList.IsModified());
-    Set(1);
-    EXPECT_TRUE(GCUndoList.IsModified());
-    GCUndoList.MarkSaved();
-    View();
-    EXPECT_FALSE(GCUndoList.IsModified()) << "only what a project holds counts";
-    Block({2, 3});
-    EXPECT_TRUE(GCUndoList.IsModified());
-    GCUndoList.UndoCurrent();
-    GCUndoList.UndoCurrent();
-    EXPECT_FALSE(GCUndoList.IsModified());
-    GCUndoList.UndoCurrent();
-    EXPECT_TRUE(GCUndoList.IsModified());
-    GCUndoList.ExecCurrent();
-    EXPECT_FALSE(GCUndoList.IsModified());
-
-    GCUndoList.UndoCurrent();
-    Set(5);
-    GCUndoList.UndoCurrent();
-    EXPECT_TRUE(GCUndoList.IsModified()) << "the saved state went with the redo history";
-    GCUndoList.MarkSaved();
-    View();
-    GCUndoList.MarkSaved();
-    GCUndoList.UndoCurrent();
-    View();
-    EXPECT_FALSE(GCUndoList.IsModified()) << "what went was the same for a project";
-
-    GCUndoList.BeginDrag();
-    Set(6);
-    GCUndoList.MarkSaved();
-    View();
-    GCUndoList.EndDrag();
-    EXPECT_FALSE(GCUndoList.IsModified()) << "the drag's markers moved the entries";
-    GCUndoList.RemoveItem(GCUndoList.GetSize() - 3);
-    EXPECT_FALSE(GCUndoList.IsModified());
-    GCUndoList.UndoCurrent();
-    EXPECT_EQ(mValue, 6) << "only the view's change was left to undo";
-
-    Set(7);
-    GCUndoList.MarkSaved();
-    Set(8);
-    GCUndoList.RemoveItem(GCUndoList.GetSize() - 1);
-    GCUndoList.UndoCurrent();
-    EXPECT_TRUE(GCUndoList.IsModified());
-}
-
-TEST_F(UndoManagerTest, ADragIsOneStep) {
-    Set(1);
-    Set(2);
-    GCUndoList.UndoCurrent();
-    GCUndoList.BeginDrag();
-    GCUndoList.EndDrag();
-    EXPECT_TRUE(GCUndoList.CanRedo()) << "a click that drags nothing costs nothing";
-
-    GCUndoList.BeginDrag("Drag");
-    for (int i = 0; i < 100; ++i) {
-        GCUndoList.RestartDrag();
-        EXPECT_EQ(mValue, 1);
-        Set(100 + i);
-    }
-    GCUndoList.EndDrag();
-    ExpectAtRest(2, 2, 199);
-
-    int updates = 0;
-    const int observer = GCUndoList.AddObserver([&](std::uint64_t) { ++updates; });
-    GCUndoList.BeginDrag("Drag");
-    for (int i = 0; i < 50; ++i) {
-        SetValueCommand("Set", mValue, 300 + i, CommandItem_cls::kUpdatePanels);
-        Block({400 + i, 500 + i});
-    }
-    GCUndoList.EndDrag();
-    GCUndoList.RemoveObserver(observer);
-    EXPECT_EQ(updates, 50) << "the panels follow";
-    EXPECT_EQ(GCUndoList.GetUndoName(), "Drag");
-    EXPECT_EQ(mValue, 549);
-    GCUndoList.UndoCurrent();
-    EXPECT_EQ(mValue, 199);
-    GCUndoList.ExecCurrent();
-    EXPECT_EQ(mValue, 549);
-    GCUndoList.UndoCurrent();
-
-    GCUndoList.BeginDrag();
-    Block({7, 8});
-    GCUndoList.CancelDrag();
-    ExpectAtRest(2, 2, 199);
-
-    GCUndoList.BeginDrag();
-    Set(7);
-    Set(8);
-    GCUndoList.UndoCurrent();
-    ExpectAtRest(6, 2, 199);
-    GCUndoList.RestartDrag();
-    GCUndoList.EndDrag();
-    GCUndoList.ExecCurrent();
-    ExpectAtRest(6, 6, 8);
-
-    // In a block the drag is a part of that step.
-    GCUndoList.OpenBlock();
-    Set(9);
-    GCUndoList.BeginDrag();
-    Set(10);
-    GCUndoList.RestartDrag();
-    EXPECT_EQ(mValue, 9);
-    Set(11);
-    Set(12);
-    GCUndoList.EndDrag();
-    GCUndoList.CloseBlock();
-    GCUndoList.UndoCurrent();
-    EXPECT_EQ(mValue, 8);
-}
-
 TEST_F(UndoManagerTest, TheListIsBoundedByWholeSteps) {
-    constexpr size_t kMax = UndoManager_cls::kMaxEntries;
-    Block({1, 2, 3});
-    Set(4);
-    GCUndoList.MarkSaved();
-    for (size_t i = 6; i < kMax; ++i) Set(static_cast<int>(i));
-    ExpectAtRest(kMax, kMax, kMax - 1);
+    Run("( 1 2 3 ) 4 S");
+    for (int i = 6; i < kMax; ++i) Set(i);
+    EXPECT_EQ(State(), "65533 65534/65534*");
     Set(-1);
-    ExpectAtRest(kMax - 4, kMax - 4, -1);
+    EXPECT_EQ(State(), "-1 65530/65530*");
     while (GCUndoList.CanUndo()) GCUndoList.UndoCurrent();
-    EXPECT_EQ(mValue, 3) << "the block went whole";
-    EXPECT_TRUE(GCUndoList.IsModified());
-    GCUndoList.ExecCurrent();
-    EXPECT_FALSE(GCUndoList.IsModified());
+    EXPECT_EQ(State(), "3 0/65530*") << "the block went whole";
+    Run("r");
+    EXPECT_EQ(State(), "4 1/65530");
     while (GCUndoList.CanRedo()) GCUndoList.ExecCurrent();
-    for (int i = 0; i < 6; ++i) Set(-2 - i);
+    Run("-2 -3 -4 -5 -6 -7");
     while (GCUndoList.CanUndo()) GCUndoList.UndoCurrent();
-    EXPECT_TRUE(GCUndoList.IsModified()) << "the saved state was dropped";
+    EXPECT_EQ(State(), "6 0/65534*") << "the saved state was dropped";
 }
 
 TEST_F(UndoManagerTest, AStepLongerThanTheListIsCarriedOutAndForgotten) {
-    constexpr int kMany = static_cast<int>(UndoManager_cls::kMaxEntries) + 10;
     for (const bool drag : {false, true}) {
-        SCOPED_TRACE(drag);
-        GCUndoList.Clear();
-        Set(-1);
-        drag ? GCUndoList.BeginDrag() : GCUndoList.OpenBlock();
-        for (int i = 0; i < kMany; ++i) {
+        Run(drag ? "-1 D" : "-1 (");
+        for (int i = 0; i < kMax + 10; ++i) {
             Set(i);
             ASSERT_LE(GCUndoList.GetSize(), UndoManager_cls::kMaxEntries);
         }
-        drag ? GCUndoList.RestartDrag() : GCUndoList.OpenBlock();
-        Set(-5);
-        GCUndoList.CloseBlock();
-        drag ? GCUndoList.EndDrag() : GCUndoList.CloseBlock();
-        ExpectAtRest(0, 0, -5);
-        GCUndoList.UndoCurrent();
-        EXPECT_EQ(mValue, -5);
-        EXPECT_TRUE(GCUndoList.IsModified());
-        Set(1);
-        GCUndoList.UndoCurrent();
-        ExpectAtRest(1, 0, -5);
+        Run(drag ? "R ( -4 ) -5 E" : "( -4 ) -5 )");
+        EXPECT_EQ(State(), "-5 0/0*");
+        Run("u 1 u");
+        EXPECT_EQ(State(), "-5 0/1*");
     }
 }
 
@@ -332,47 +188,30 @@ TEST_F(UndoManagerTest, AFailingStepIsTakenBackWhole) {
     const auto mayFail = [&] {
         if (fail) throw std::runtime_error("full");
     };
-    {
-        const UndoBlock_cls block;
-        Set(1);
-        GCUndoList.PushAndExec(std::make_unique<Call_cls>(mayFail), std::make_unique<Call_cls>(mayFail));
-        Set(2);
+    Run("( 1");
+    GCUndoList.PushAndExec(Call(mayFail), Call(mayFail));
+    Run("2 )");
+    for (const bool undo : {true, false}) {
+        fail = true;
+        EXPECT_THROW(Run(undo ? "u" : "r"), std::runtime_error);
+        EXPECT_EQ(State(), undo ? "2 5/5*" : "0 0/5");
+        fail = false;
+        Run(undo ? "u" : "r");
+        EXPECT_EQ(State(), undo ? "0 0/5" : "2 5/5*");
     }
-    fail = true;
-    EXPECT_THROW(GCUndoList.UndoCurrent(), std::runtime_error);
-    ExpectAtRest(5, 5, 2);
-    fail = false;
-    GCUndoList.UndoCurrent();
-    fail = true;
-    EXPECT_THROW(GCUndoList.ExecCurrent(), std::runtime_error);
-    ExpectAtRest(5, 0, 0);
-    fail = false;
-    GCUndoList.ExecCurrent();
-    ExpectAtRest(5, 5, 2);
 }
 
 TEST_F(UndoManagerTest, CommandsThatUseTheListWhileTheyRunDoNotUpsetIt) {
-    const auto meddle = [this] {
-        Set(mValue + 1);
-        GCUndoList.OpenBlock();
-        GCUndoList.UndoCurrent();
-        GCUndoList.RemoveItem(0);
-        GCUndoList.BeginDrag();
-        GCUndoList.ExecUpdate();
-        GCUndoList.CloseBlock();
-    };
+    const auto meddle = [this] { Run(std::to_string(mValue + 1) + " ( u x0 D ) v"); };
     Set(10);
-    GCUndoList.PushAndExec(std::make_unique<Call_cls>(meddle),
-                           std::make_unique<Call_cls>([this] { mValue = 10; }));
-    ExpectAtRest(2, 2, 11);
-    GCUndoList.UndoCurrent();
-    ExpectAtRest(2, 1, 10);
-
-    GCUndoList.OpenBlock();
-    GCUndoList.PushAndExec(std::make_unique<Call_cls>([] { GCUndoList.Clear(); }),
-                           std::make_unique<Call_cls>([] {}));
-    GCUndoList.CloseBlock();
-    ExpectAtRest(0, 0, 10);
+    GCUndoList.PushAndExec(Call(meddle), Call([this] { mValue = 10; }));
+    EXPECT_EQ(State(), "11 2/2*");
+    Run("u");
+    EXPECT_EQ(State(), "10 1/2*");
+    Run("(");
+    GCUndoList.PushAndExec(Call([] { GCUndoList.Clear(); }), Call([] {}));
+    Run(")");
+    EXPECT_EQ(State(), "10 0/0");
 }
 
 TEST_F(UndoManagerTest, RefreshesAreAskedForOncePerStep) {
@@ -388,19 +227,10 @@ TEST_F(UndoManagerTest, RefreshesAreAskedForOncePerStep) {
         EXPECT_TRUE(seen.empty());
     }
     SetValueCommand("c", mValue, 3, 0);
-    GCUndoList.UndoCurrent();
-    GCUndoList.UndoCurrent();
-    EXPECT_EQ(seen, (std::vector<std::uint64_t>{68, 68}));
-    EXPECT_EQ(sink.mPosted, (std::vector<int>{6018, 6018}));
+    Run("u u D 4 5 R 6 E");
     GCUndoList.RemoveObserver(observer);
-
-    float rgba[] = {0.1F, 0.2F, 0.3F};
-    SetColorCommand("Colour", rgba, {1.0F, 0.5F, 0.25F, 0.0F}, 0);
-    EXPECT_EQ(rgba[2], 0.25F);
-    GCUndoList.UndoCurrent();
-    EXPECT_EQ(rgba[0], 0.1F);
-    SetColorCommand("Colour", rgba, {0.1F, 0.2F, 0.3F, 1.0F}, 0);
-    EXPECT_TRUE(GCUndoList.CanRedo()) << "the colour it has already is no step";
+    EXPECT_EQ(seen, (std::vector<std::uint64_t>{4 + 64, 4 + 64, 2, 2, 2})) << "a drag is followed as it goes";
+    EXPECT_EQ(sink.mPosted, (std::vector<int>{6018, 6018}));
 }
 
 /// Random work beside a model that keeps the value after every step.
@@ -411,49 +241,32 @@ TEST_F(UndoManagerTest, RandomWorkMatchesAModelOfStates) {
     size_t now = 0;
     int saved = 0;
     int next = 0;
-    const auto added = [&] {
-        states.resize(now + 1);
-        states.push_back(mValue);
-        ++now;
-    };
     for (int round = 0; round < 20000; ++round) {
-        switch (upTo(8)) {
-            case 0:
-            case 1:
-                Set(++next);
-                added();
-                break;
-            case 2: {
-                const UndoBlock_cls block;
-                for (int i = upTo(4); i >= 0; --i) upTo(3) == 0 ? Block({++next, ++next}) : Set(++next);
+        const int work = upTo(8);
+        if (work < 4) {
+            std::string script = work < 2 ? "( " : "D ";
+            for (int i = upTo(5); i >= 0; --i) {
+                if (work >= 2 && upTo(3) == 0) script += "R ";
+                const std::string value = std::to_string(++next);
+                script += upTo(3) == 0 ? "( 0 " + value + " ) " : value + " ";
             }
-                added();
-                break;
-            case 3:
-                GCUndoList.BeginDrag();
-                for (int i = upTo(5); i >= 0; --i) {
-                    if (upTo(2) == 0) GCUndoList.RestartDrag();
-                    upTo(2) == 0 ? Block({++next, ++next}) : Set(++next);
-                }
-                GCUndoList.EndDrag();
-                added();
-                break;
-            case 4:
-                saved = mValue;
-                GCUndoList.MarkSaved();
-                break;
-            case 5:
-                GCUndoList.ExecCurrent();
-                now = std::min(now + 1, states.size() - 1);
-                break;
-            default:
-                GCUndoList.UndoCurrent();
-                if (now > 0) --now;
+            Run(script + (work < 2 ? ")" : "E"));
+            states.resize(++now);
+            states.push_back(mValue);
+        } else if (work == 4) {
+            saved = mValue;
+            Run("S");
+        } else if (work == 5) {
+            Run("r");
+            now = std::min(now + 1, states.size() - 1);
+        } else {
+            Run("u");
+            now = now > 0 ? now - 1 : 0;
         }
         ASSERT_EQ(mValue, states[now]) << "round " << round;
         ASSERT_EQ(GCUndoList.CanUndo(), now > 0);
         ASSERT_EQ(GCUndoList.CanRedo(), now + 1 < states.size());
-        // Every value is set once only, so equal values are equal states.
+        // Every value ends a step once only, so equal values are equal states.
         ASSERT_EQ(GCUndoList.IsModified(), mValue != saved) << "round " << round;
         ASSERT_EQ(GCUndoList.GetBlockDepth(), 0);
     }

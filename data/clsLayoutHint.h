@@ -1,0 +1,14 @@
+#pragma once
+
+#include <wx/string.h>
+
+#include "data/clsGrammerBase.h"
+#include "seam/clsInputFile.h"
+
+/// What a binary file that does not fit its layout probably is, as words to put behind the message: text, or
+/// bytes of the other order. Empty when nothing speaks for either.
+wxString GuessLayout(const InputFile_cls& file, const GrammerBase_cls& grammer, int number);
+
+/// What the file holds behind its particles, as words ("2400 bytes", "12 lines"): several steps in one file,
+/// or another layout. Empty when there is nothing. Reads text files whole.
+wxString DescribeLeftover(const InputFile_cls& file, const GrammerBase_cls& grammer, int particles);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "CONFITEM/clsConfItemList.h"
+
+/// The user's preferences: memory, threads and precision. Kept with the project.
+/// Owned by the application core, which hands a new memory limit and thread number on. Threads: GUI thread.
+class Preference_cls {
+  public:
+    /// Merge step of the parallel depth sort: 1, 10, 100 or 1000 entries at a time.
+    enum SortType : unsigned int {
+        kPrecise = 0,
+        kApproximate10 = 1,
+        kApproximate100 = 2,
+        kApproximate1000 = 3
+    };
+
+    Preference_cls() { SetToDefault(); }
+    Preference_cls(const Preference_cls&) = delete;
+    Preference_cls& operator=(const Preference_cls&) = delete;
+
+    void SetToDefault();
+    /// Entries that the merge of a depth sort moves at once; 1 for unknown sort types.
+    int GetMergeStep() const;
+
+    wxString Serialize() const { return mItems.SerializeAll(); }
+    bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
+    const ConfItemList_cls& GetItems() const { return mItems; }
+
+    ConfItemINT_cls mMemoryLimit;    ///< MB that snapshots may take, "Critical"
+    ConfItemINT_cls mReaderThreads;  ///< "Thread (I/O)": workers that parse a text body
+    ConfItemUINT_cls mSortType;
+
+  private:
+    ConfItemList_cls mItems;
+};

@@ -1,0 +1,3 @@
+#include "data/clsThreadAsciiReader.h"
+
+std::atomic<unsigned int> GThreadNumberReadAscii{4};
