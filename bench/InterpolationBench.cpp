@@ -9,7 +9,9 @@
 #include <thread>
 
 #include "data/clsDataLoader.h"
+#include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
+#include "render/clsColorCurveTemplateSet.h"
 #include "support/Beside.h"
 
 namespace {
@@ -136,6 +138,67 @@ BENCHMARK(RateVariable)
     ->Args({10 * kMillion, 1})
     ->Args({kMillion, 0})
     ->Args({10 * kMillion, 0})
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// Arguments: particles, and of how many types they are.
+void EvaluateWithCurve(benchmark::State& state) {
+    const int count = static_cast<int>(state.range(0));
+    Snapshot a(count, 1);
+    Array<uint8_t> type(a.id.size());
+    std::mt19937 random(5);
+    for (uint8_t& one : type)
+        one = static_cast<uint8_t>(random() % static_cast<unsigned int>(state.range(1)));
+
+    const ColorCurveTemplateSet_cls templates;
+    ColorCurve_cls curve("", "", "1 1 1 1");
+    curve.CopyColorFromP(templates.Get(5), true);  // "Spectrum", the one with most keys
+    curve.mUseColorCurve.mValue = true;
+    SnapAttributes_cls attributes;
+    for (SnapAttribute_cls& attribute : attributes) attribute.curves.fill(&curve);
+
+    constexpr int kTable = 1024;
+    std::vector<std::array<float, 4>> table(kTable);
+    for (int k = 0; k < kTable; ++k) {
+        curve.GetColor4fNormal(table[static_cast<size_t>(k)].data(), static_cast<float>(k) / (kTable - 1));
+    }
+    Array<float> position(a.position.size());
+    Array<float> radius(a.id.size());
+    Array<float> value1(a.id.size());
+    Array<float> color(4 * a.id.size());
+    const SnapSource_cls source{.count = count,
+                                .position = a.position.data(),
+                                .velocity = a.velocity.data(),
+                                .radius = a.radius.data(),
+                                .radiusWork = a.radiusWork.data(),
+                                .value1 = a.value1.data(),
+                                .value1Work = a.value1Work.data(),
+                                .type = type.data(),
+                                .id = a.id.data()};
+    const float tau = 0.25F;
+    SnapData_cls snap;
+    MeasureBeside(
+        state,
+        [&] {
+            OnTwoThreads(a.id.size(), [&](size_t begin, size_t end) {
+                for (size_t i = begin; i < end; ++i) {
+                    for (size_t k = 3 * i; k < 3 * i + 3; ++k)
+                        position[k] = a.position[k] + a.velocity[k] * tau;
+                    radius[i] = a.radius[i] + a.radiusWork[i] * tau;
+                    value1[i] = a.value1[i] + a.value1Work[i] * tau;
+                    const int entry = std::clamp(static_cast<int>(value1[i] * (kTable - 1)), 0, kTable - 1);
+                    std::memcpy(&color[4 * i], table[static_cast<size_t>(entry)].data(), 16);
+                }
+            });
+        },
+        [&] { snap.Build(source, attributes, tau, 1); });
+}
+BENCHMARK(EvaluateWithCurve)
+    ->Args({10 * kMillion, 1})
+    ->Args({10 * kMillion, 4})
+    ->Args({kMillion, 1})
+    ->Args({kMillion, 4})
     ->Iterations(5)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);

@@ -1,6 +1,8 @@
 #include "interp/clsPreparedCurve.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 PreparedCurve_cls::PreparedCurve_cls(const ColorCurve_cls& curve) : mCurve(curve) {
@@ -9,6 +11,7 @@ PreparedCurve_cls::PreparedCurve_cls(const ColorCurve_cls& curve) : mCurve(curve
         curve.GetColor4fNormal(constant.data(), 0.0F);
         mPieces.resize(1);
         std::copy(constant.begin(), constant.end(), mPieces[0].c[0].begin());
+        MakeTable();
         return;
     }
     std::vector<double> positions;
@@ -23,8 +26,7 @@ PreparedCurve_cls::PreparedCurve_cls(const ColorCurve_cls& curve) : mCurve(curve
 
     for (size_t i = 0; i + 1 < positions.size(); ++i) AddPiece(positions[i], positions[i + 1]);
     AddPiece(positions.back(), positions.back());
-    MakeTable();
-    if (!IsAccurate()) mPieces.clear();
+    if (!MakeTable() || !IsAccurate()) mPieces.clear();
 }
 
 /// Between two keys a channel is a cubic at most, so four of its values tell all of it.
@@ -48,20 +50,84 @@ void PreparedCurve_cls::AddPiece(double start, double end) {
     }
 }
 
-void PreparedCurve_cls::MakeTable() {
-    mFirst = mPieces.front().start;
-    mLast = mPieces.back().start;
-    if (mLast == mFirst) return;
-    mTableScale = kTableSize / (mLast - mFirst);
-    const auto pieceAt = [this](double place) {
-        const double t = mFirst + place / mTableScale;
-        const auto after = std::partition_point(mPieces.begin(), mPieces.end(),
-                                                [t](const Piece& piece) { return piece.start <= t; });
-        return static_cast<uint16_t>(std::max<long>(after - mPieces.begin() - 1, 0));
-    };
-    for (size_t i = 0; i < mTable.size(); ++i) {
-        // Half an entry more at both ends covers all rounding.
-        mTable[i] = {pieceAt(static_cast<double>(i) - 0.5), pieceAt(static_cast<double>(i) + 1.5)};
+/// Stretches begin at multiples of a power of two, so that floats find them without rounding.
+bool PreparedCurve_cls::MakeTable() {
+    const double range = mPieces.back().start - mPieces.front().start;
+    const double length = range > 0.0 ? std::exp2(std::ceil(std::log2(range / kTableSize))) : 1.0;
+    const double first = std::floor(mPieces.front().start / length);
+    const double last = std::floor(mPieces.back().start / length);
+    // Positions far out have no room for numbers between them.
+    if (!(last - first < static_cast<double>(mTable.size()))) return false;
+    mTableFirst = static_cast<float>(first * length);
+    mTableScale = static_cast<float>(1.0 / length);
+    mTableLast = static_cast<float>(last - first);
+    for (size_t i = 0; i <= static_cast<size_t>(last - first); ++i) {
+        MakeEntry(i, (first + static_cast<double>(i)) * length, length);
+    }
+    return true;
+}
+
+void PreparedCurve_cls::MakeEntry(size_t index, double begin, double length) {
+    const Piece& piece = FindPiece(begin);
+    // A key inside makes a stretch bent; the last key does so when it is not at the very beginning.
+    if (begin < piece.start || (&piece != &mPieces.back() && (&piece)[1].start < begin + length)) return;
+    const double u = begin - piece.start;
+    bool straight = true;
+    for (size_t k = 0; k < kChannels; ++k) {
+        const double color = piece.At(k, u);
+        const double change = piece.At(k, u + length) - color;
+        const double middle = piece.At(k, u + length / 2.0);
+        straight = straight && std::abs(color + change / 2.0 - middle) < kTolerance / 8.0;
+        mTable[index].color[k] = static_cast<float>(color);
+        mTable[index].change[k] = static_cast<float>(change);
+    }
+    mStraight[index] = straight;
+}
+
+const PreparedCurve_cls::Piece& PreparedCurve_cls::FindPiece(double t) const {
+    const auto after = std::partition_point(mPieces.begin() + 1, mPieces.end(),
+                                            [t](const Piece& piece) { return piece.start <= t; });
+    return *(after - 1);
+}
+
+PreparedCurve_cls::Color PreparedCurve_cls::EvaluatePiece(double position) const {
+    const double last = mPieces.back().start;
+    const double t = std::max(position < last ? position : last, mPieces.front().start);
+    const Piece& piece = FindPiece(t);
+    Color color{};
+    for (size_t k = 0; k < kChannels; ++k) color[k] = static_cast<float>(piece.At(k, t - piece.start));
+    return color;
+}
+
+void PreparedCurve_cls::GetColors(const float* values, size_t count, Color scale, float* out) const {
+    using Indices = int32_t __attribute__((vector_size(16)));
+    const Color zero{};
+    const Color last = zero + mTableLast;
+    const float offset = mCurve.GetOffset();
+    const float range = mCurve.GetRange();
+    size_t i = 0;
+    for (; !IsDirect() && i + 4 <= count; i += 4) {
+        // Evaluate() for four at once.
+        Color t;
+        std::memcpy(&t, values + i, sizeof t);
+        t = (t - offset) / range;
+        Color place = (t - mTableFirst) * mTableScale;
+        place = place < last ? place : last;
+        place = place > zero ? place : zero;
+        const auto indices = __builtin_convertvector(place, Indices);
+        const Color part = place - __builtin_convertvector(indices, Color);
+        for (int k = 0; k < 4; ++k) {
+            const auto index = static_cast<size_t>(indices[k]);
+            const Entry& entry = mTable[index];
+            Color color = entry.color + entry.change * part[k];
+            if (!mStraight[index]) color = EvaluatePiece(t[k]);
+            color *= scale;
+            std::memcpy(out + 4 * (i + static_cast<size_t>(k)), &color, sizeof color);
+        }
+    }
+    for (; i < count; ++i) {
+        const Color color = GetColor(values[i]) * scale;
+        std::memcpy(out + 4 * i, &color, sizeof color);
     }
 }
 
@@ -70,12 +136,11 @@ bool PreparedCurve_cls::IsAccurate() const {
     constexpr float kEnd = std::numeric_limits<float>::infinity();
     const auto agrees = [this](float t) {
         std::array<float, kChannels> direct{};
-        std::array<float, kChannels> prepared{};
         mCurve.GetColor4fNormal(direct.data(), t);
-        Evaluate(prepared.data(), t);
+        const Color prepared = Evaluate(t);
         for (size_t k = 0; k < kChannels; ++k) {
             // Half of what is allowed: between the points tested it may be a little more.
-            if (!(std::abs(double{direct[k]} - prepared[k]) <= kTolerance / 2.0)) return false;
+            if (!(std::abs(direct[k] - double{prepared[k]}) <= kTolerance / 2.0)) return false;
         }
         return true;
     };
@@ -84,8 +149,10 @@ bool PreparedCurve_cls::IsAccurate() const {
         if (!agrees(key) || !agrees(std::nextafter(key, -kEnd)) || !agrees(std::nextafter(key, kEnd)))
             return false;
         const double length = i + 1 < mPieces.size() ? mPieces[i + 1].start - mPieces[i].start : 0.0;
-        for (int test = 1; test < kTestsPerPiece; ++test) {
-            if (!agrees(static_cast<float>(mPieces[i].start + length * test / kTestsPerPiece))) return false;
+        for (int test = 0; test < kTestsPerPiece; ++test) {
+            // Not at round fractions, where there is nothing to round.
+            const double t = mPieces[i].start + length * (test + 0.382) / kTestsPerPiece;
+            if (!agrees(static_cast<float>(t))) return false;
         }
     }
     return true;

@@ -119,11 +119,11 @@ SnapPass_cls SnapData_cls::MakePass(const SnapAttributes_cls& attributes) {
         SnapPass_cls::Paint& paint = pass.paints[type];
         curve.PreCalcScaleFactor();
         paint.curve.emplace(curve);
-        std::copy_n(curve.mConstantColor.mValue.begin(), paint.constant.size(), paint.constant.begin());
+        for (size_t k = 0; k < 4; ++k) paint.constant[k] = curve.mConstantColor.mValue[k];
         SetPValue1(&paint.value, attribute, SnapAttribute_cls::kColor);
-        paint.alphaScale = attribute.alphaType == SnapAttribute_cls::kDependOnRadius
-                               ? attribute.alphaDependBase * attribute.alphaDependBase
-                               : attribute.alphaFactor;
+        paint.scale[3] = attribute.alphaType == SnapAttribute_cls::kDependOnRadius
+                             ? attribute.alphaDependBase * attribute.alphaDependBase
+                             : attribute.alphaFactor;
     }
     return pass;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -54,16 +55,22 @@ void SnapPass_cls::Copy(int begin, int end) const {
 }
 
 void SnapPass_cls::Colour(int begin, int end, int step) const {
-    for (long long i = RoundUp(begin, step); i < end; i += step) {
-        const size_t type = source.type[i] < kTypes ? source.type[i] : 0;
-        const Paint& paint = paints[type];
-        float* out = color + 4 * i;
+    const uint8_t* type = source.type;
+    const auto count = static_cast<size_t>(end - begin);
+    // Files mostly hold the particles of one type together.
+    if (step == 1 && count > 0 && std::memcmp(type + begin, type + begin + 1, count - 1) == 0) {
+        const Paint& paint = PaintOf(type[begin]);
         if (paint.value) {
-            paint.curve->GetColor(out, paint.value[i]);
-        } else {
-            std::copy(paint.constant.begin(), paint.constant.end(), out);
+            paint.curve->GetColors(paint.value + begin, count, paint.scale,
+                                   color + 4 * static_cast<size_t>(begin));
+            return;
         }
-        out[3] *= paint.alphaScale;
+    }
+    for (long long i = RoundUp(begin, step); i < end; i += step) {
+        const Paint& paint = PaintOf(type[i]);
+        const PreparedCurve_cls::Color shown =
+            (paint.value ? paint.curve->GetColor(paint.value[i]) : paint.constant) * paint.scale;
+        std::memcpy(color + 4 * i, &shown, sizeof shown);
     }
 }
 

@@ -14,8 +14,8 @@ struct SnapPass_cls {
     struct Paint {
         std::optional<PreparedCurve_cls> curve;
         const float* value = nullptr;  ///< what drives the curve; null: the constant colour for all particles
-        std::array<float, 4> constant{};
-        float alphaScale = 1.0F;
+        PreparedCurve_cls::Color constant{};
+        PreparedCurve_cls::Color scale{1.0F, 1.0F, 1.0F, 1.0F};  ///< the attribute's factor of alpha
     };
     static constexpr int kTypes = 4;
 
@@ -39,5 +39,7 @@ struct SnapPass_cls {
                        int end);
 
   private:
+    /// Types beyond the last are drawn as type 0.
+    const Paint& PaintOf(uint8_t type) const { return paints[type < kTypes ? type : 0]; }
     void Colour(int begin, int end, int step) const;
 };

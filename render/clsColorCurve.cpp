@@ -13,6 +13,12 @@ namespace {
 constexpr double kNoDisplayStep = 0.0;
 constexpr int kChannels = 4;
 
+/// What a curve without keys of its own starts with. The first key is set at the current time, whatever that
+/// is when the curve is made.
+std::vector<ColorCurve_cls::Key> GreenToRed() {
+    return {{Parameters_cls::msCurrentDoubleIndex, 0, 1, 0, 1}, {1, 1, 0, 0, 1}};
+}
+
 /// Truncated, not rounded, as colours have always been shown.
 unsigned char ToByte(double channel) {
     return channel >= 0.0 ? static_cast<unsigned char>(std::min(channel, 255.0)) : 0;
@@ -55,7 +61,7 @@ ColorCurve_cls::ColorCurve_cls(const wxString& prefix, const wxString& displayNa
     : mPrefix(prefix),
       mDisplayName(displayName),
       mDefaultConstantColor(constantColor),
-      mDefaultKeys(keys.begin(), keys.end()),
+      mDefaultKeys(keys.empty() ? GreenToRed() : std::vector<Key>(keys.begin(), keys.end())),
       mGroup(prefix + " ColorCurve", kChannels, {"R", "G", "B", "A"}, prefix + " ColorCurve", true,
              std::move(host)) {
     SetToDefault();
@@ -69,13 +75,10 @@ void ColorCurve_cls::SetToDefault() {
     mItems.Add(&mScalingMax, mPrefix + "ScalingMax=", "1");
     mItems.Add(&mDependType, mPrefix + "DependType=", "0");
 
-    // The first of the default keys is set at the current time, wherever that is.
-    const std::vector<Key> greenToRed = {{Parameters_cls::msCurrentDoubleIndex, 0, 1, 0, 1}, {1, 1, 0, 0, 1}};
-    const std::vector<Key>& keys = mDefaultKeys.empty() ? greenToRed : mDefaultKeys;
     for (int channel = 0; channel < kChannels; ++channel) {
         Parameters_cls& parameter = mGroup.GetParameter(channel);
         parameter.SetState({.keys = {}, .timeDependent = true});
-        for (const Key& key : keys) {
+        for (const Key& key : mDefaultKeys) {
             const std::array values = {key.r, key.g, key.b, key.a};
             parameter.SetKey(key.position, KeyFrame_cls::kLinear, values[static_cast<size_t>(channel)]);
         }

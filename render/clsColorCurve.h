@@ -65,6 +65,8 @@ class ColorCurve_cls {
     void PreCalcScaleFactor();
     /// The position of a value on the curve, by the scaling taken over last.
     float GetPosition(float value) const { return (value - mOffset) / mRange; }
+    float GetOffset() const { return mOffset; }
+    float GetRange() const { return mRange; }
     /// The colour of a value, four floats.
     void GetColor4fScaled(float* out, float value) const;
     /// The colour at a position of the curve, four floats.

@@ -3,6 +3,7 @@
 #include <wx/utils.h>
 
 #include <chrono>
+#include <thread>
 
 std::atomic<Clock_cls*> GpCClock{nullptr};
 
@@ -34,5 +35,10 @@ void PollUntil(const std::function<bool()>& condition, int periodMs,
 }
 
 void PollUntil(const std::atomic<bool>& flag, int periodMs) {
-    PollUntil([&flag] { return flag.load(std::memory_order_acquire); }, periodMs);
+    using std::chrono::steady_clock;
+    const auto isSet = [&flag] { return flag.load(std::memory_order_acquire); };
+    // Work that is about to end is not worth a sleep that outlasts it.
+    const auto soon = steady_clock::now() + std::chrono::microseconds(200);
+    while (!isSet() && steady_clock::now() < soon) std::this_thread::yield();
+    PollUntil(isSet, periodMs);
 }

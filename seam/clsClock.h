@@ -24,5 +24,6 @@ extern std::atomic<Clock_cls*> GpCClock;
 /// number from 1. This is the only waiting loop of the program.
 void PollUntil(const std::function<bool()>& condition, int periodMs,
                const std::function<void(int round)>& eachRound = {});
-/// The same for a completion flag, which is stored with release order by the worker.
+/// The same for a completion flag, which is stored with release order by the worker. Before the first sleep
+/// it gives the worker a moment: one that is about to end costs no sleep either.
 void PollUntil(const std::atomic<bool>& flag, int periodMs);
