@@ -2,8 +2,6 @@
 
 #include <limits>
 
-#include "data/clsSnapshotHeader.h"
-
 namespace {
 
 constexpr float kNotANumber = std::numeric_limits<float>::quiet_NaN();
@@ -73,11 +71,6 @@ bool AsciiReader_cls::ReadRecord(TextCursor_cls* line, size_t particle,
         }
     }
     return good;
-}
-
-std::string_view AsciiReader_cls::SkipLines(std::string_view text, unsigned int lines) {
-    for (unsigned int i = 0; i < lines && !text.empty(); ++i) TakeLine(&text);
-    return text;
 }
 
 int AsciiReader_cls::CountRecords(std::string_view text, int most) {

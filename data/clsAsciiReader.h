@@ -21,8 +21,6 @@ class AsciiReader_cls {
     /// Fills records from `first` on with the lines of the text, at most up to the target's count.
     BodyReport_cls Read(std::string_view text, int first, const ParticleTarget_cls& target) const;
 
-    /// The text behind the given number of whole lines.
-    static std::string_view SkipLines(std::string_view text, unsigned int lines);
     /// Number of lines that hold a record; counting stops at `most`.
     static int CountRecords(std::string_view text, int most);
 

@@ -13,6 +13,7 @@ constexpr size_t kPieceByte = 262144;
 }  // namespace
 
 bool LinePieces_cls::Next(std::vector<char>* buffer, std::string_view* lines) {
+    const bool isStart = mPosition == 0;
     size_t filled = mRest.size();
     buffer->resize(std::max({buffer->size(), kPieceByte, 2 * filled}));
     std::ranges::copy(mRest, buffer->begin());
@@ -33,6 +34,7 @@ bool LinePieces_cls::Next(std::vector<char>* buffer, std::string_view* lines) {
     mRest.assign(buffer->data() + end, filled - end);
 
     *lines = {buffer->data(), end};
+    if (isStart) *lines = WithoutByteOrderMark(*lines);
     for (; mLinesBefore > 0 && !lines->empty(); --mLinesBefore) TakeLine(lines);
     return end > 0;
 }

@@ -52,6 +52,10 @@ Number Load(const char* bytes) {
 
 }  // namespace
 
+std::string_view WithoutByteOrderMark(std::string_view text) {
+    return text.starts_with("\xEF\xBB\xBF") ? text.substr(3) : text;
+}
+
 std::string_view TakeLine(std::string_view* text) {
     const size_t end = text->find('\n');
     std::string_view line = text->substr(0, end);
@@ -90,8 +94,7 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
 
 SnapshotHeader_cls SnapshotHeader_cls::FromText(std::string_view text, const GrammerBase_cls& grammer) {
     SnapshotHeader_cls header;
-    // Editors of other systems put a byte-order mark first.
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    text = WithoutByteOrderMark(text);
     for (const int code : grammer.GetHeaderGrammer()) {
         if (text.empty()) header.mComplete = false;
         const std::string_view line = TakeLine(&text).substr(0, kMaxHeaderLine);

@@ -21,5 +21,7 @@ struct SnapshotHeader_cls {
     static SnapshotHeader_cls FromText(std::string_view text, const GrammerBase_cls& grammer);
 };
 
+/// The start of a file without the byte-order mark that editors of other systems put there.
+std::string_view WithoutByteOrderMark(std::string_view text);
 /// Cuts the next line off the text: without its line feed and a carriage return before it.
 std::string_view TakeLine(std::string_view* text);

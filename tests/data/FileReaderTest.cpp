@@ -209,6 +209,10 @@ TEST_F(FileReaderTest, BadFilesGiveWhatIsThereAndOneMessageForEachFault) {
         EXPECT_EQ(Load(File(c.bytes), &block), c.problems) << c.name;
         EXPECT_EQ(block.GetCount(), c.count) << c.name;
     }
+    Set({"DataLoadGrammerHead=-1"});
+    PDataBlock_cls block;
+    EXPECT_EQ(Load(File("\xEF\xBB\xBF# x y z\n1 2 3\n4 5 6\n"), &block).size(), 0U);
+    EXPECT_EQ(block.GetCount(), 2) << "a byte-order mark before a comment";
 }
 
 TEST_F(FileReaderTest, AFileThatShrinksBeforeOrWhileItIsRead) {

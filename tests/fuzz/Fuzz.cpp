@@ -114,7 +114,8 @@ const char* TryText(const std::string& input, const DataLoader_cls& loader, size
     const auto header = SnapshotHeader_cls::FromText(exact.View(), loader);
     if (header.mComplete && header.mTime && !(*header.mTime == *header.mTime)) return "time of a text header";
 
-    const std::string_view body = AsciiReader_cls::SkipLines(exact.View(), loader.GetHeaderLine());
+    std::string_view body = exact.View();
+    for (unsigned int line = 0; line < loader.GetHeaderLine(); ++line) TakeLine(&body);
     const int records = AsciiReader_cls::CountRecords(body, INT_MAX);
     const AsciiReader_cls reader(loader);
     TargetArrays_cls whole(records);
