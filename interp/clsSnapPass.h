@@ -41,5 +41,5 @@ struct SnapPass_cls {
   private:
     /// Types beyond the last are drawn as type 0.
     const Paint& PaintOf(uint8_t type) const { return paints[type < kTypes ? type : 0]; }
-    void Colour(int begin, int end, int step) const;
+    void PaintColors(int begin, int end, int step) const;
 };
