@@ -31,7 +31,6 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     bool HasKernel() const;
 
     // Rates of particle i of A from particle j of B
-    // --------------------------------------------------------------
 
     void InterpolateDataLinearCore(int i, int j, float dt);
     void InterpolateDataLinearCorePeriodicXYEeffect0(int i, int j, float dt);
@@ -40,7 +39,6 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     void InterpolateDataLinearCorePeriodicXYZEeffect1(int i, int j, float dt);
 
     // Particles begin to end - 1 by one rule of matching
-    // ---------------------------------------------------------
 
     void InterpolateDataLinear(int begin, int end);
     void InterpolateDataLinearPeriodic(int begin, int end);
@@ -48,7 +46,6 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     void InterpolateDataLinearSearchingIDSorted(int begin, int end);
 
     // Searches in B, -1 for not found
-    // ----------------------------------------------------------------------------
 
     int SearchIDNear(int i, int id, int halfWidth) const;
     int SearchIDFull(int id) const;

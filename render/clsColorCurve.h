@@ -58,7 +58,6 @@ class ColorCurve_cls {
     const ParamGroup_cls& GetParamGroup() const { return mGroup; }
 
     // Evaluation
-    // --------------------------------------------------------------------------------------------------
 
     /// Takes over the scaling for the GetColor4fScaled() calls that follow; before every drawing pass. A
     /// range of 0 is repaired in the setting itself.
@@ -75,7 +74,6 @@ class ColorCurve_cls {
     wxColour GetWXColor(const wxColour& background, double t, bool opaque) const;
 
     // Editing, each an undoable step
-    // -------------------------------------------------------------------------------
 
     /// Mirrors the curve.
     void Flip();
@@ -86,7 +84,6 @@ class ColorCurve_cls {
     void CopyColorFromP(const ColorCurve_cls& source, bool keysOnly);
 
     // Text
-    // ----------------------------------------------------------------------------------------------------------
 
     wxString Serialize() const;
     /// True when the line is one of this curve's; further lines of its keys are then read from the stream.

@@ -42,7 +42,6 @@ class GLAttribute_cls {
     Alpha GetAlpha() const;
 
     // Rules of drawing; stepFactor is one of Thinning_cls
-    // -----------------------------------------------------------
 
     float GetRadiusFactor() const;
     float GetDrawnRadius(float dataRadius, float stepFactor) const;
@@ -50,7 +49,6 @@ class GLAttribute_cls {
     float GetDrawnAlpha(float alpha, float drawnRadius, float stepFactor) const;
 
     // Text
-    // ----------------------------------------------------------------------------------------------------------
 
     wxString Serialize() const;
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);

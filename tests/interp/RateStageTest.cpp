@@ -55,7 +55,6 @@ ThreadInterpolator_cls::Task MakeTask(Snapshot& a, const Snapshot& b) {
 }
 
 // The rules word by word
-// ----------------------------------------------------------------------------------------
 
 int SearchByScanning(const IDs& b, int i, int id) {
     const int countB = static_cast<int>(b.size());
@@ -153,7 +152,6 @@ void RunAndExpect(ThreadInterpolator_cls::Task task, Snapshot& a, const Snapshot
 }
 
 // Matching
-// --------------------------------------------------------------------------------------------------------
 
 struct Arrangement {
     const char* name;
@@ -275,7 +273,6 @@ TEST(RateStageTest, LargeTablesAreFilledByTwoThreads) {
 }
 
 // Rules, periodic boundaries, workers
-// -----------------------------------------------------------------------------
 
 TEST(RateStageTest, EveryRuleHonoursEveryBoundary) {
     for (const int countA : {2000, 250000}) {
@@ -358,7 +355,6 @@ TEST(RateStageTest, ParticlesWithoutPartnersStandStill) {
 }
 
 // Protocol
-// --------------------------------------------------------------------------------------------------------
 
 TEST(RateStageTest, OneStageRunsAtATimeAndTellsItsEnd) {
     RecordingSink_cls sink;
