@@ -228,6 +228,10 @@ wxString Batch_cls::WriteState(const wxString& name, double position) {
 const SnapData_cls* Batch_cls::PrepareState(double position) {
     const int snapshot = static_cast<int>(std::floor(position));
     mMain.CleanUpMemory(snapshot);
+    if (mLine.mVerbose) {
+        PrintError(wxString::Format("data position %g: %d of %d MB in memory", position,
+                                    mMain.GetUsedTotalMemoryMB(), mMain.GetMemoryLimitMB()));
+    }
     const SnapData_cls* state = mMain.PrepareState(position);
     TellFaults(snapshot);
     if (position != snapshot) TellFaults(snapshot + 1);

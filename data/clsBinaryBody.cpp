@@ -5,7 +5,7 @@
 namespace {
 
 /// A piece of this size is still in the cache when it is cut.
-constexpr size_t kPieceByte = 640 * 1024;
+constexpr size_t kPieceByte = 655360;
 
 }  // namespace
 

@@ -13,7 +13,7 @@
 namespace {
 
 /// A thread costs more than it saves on less than this.
-constexpr uint64_t kByteWorthAThread = 1024 * 1024;
+constexpr uint64_t kByteWorthAThread = 1048576;
 constexpr unsigned int kMostThreads = 64;
 
 }  // namespace

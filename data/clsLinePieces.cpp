@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr size_t kPieceByte = 256 * 1024;
+constexpr size_t kPieceByte = 262144;
 
 }  // namespace
 

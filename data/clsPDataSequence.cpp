@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "data/clsParticleBuffer.h"
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
 #include "render/clsGLAttribute.h"
@@ -55,6 +56,8 @@ void PDataSequence_cls::Clear(int snapshot, bool reset) {
     if (reset) mFiles = FileSequence_cls();
     if (snapshot == kAll) {
         for (const auto& snap : mSnapshots) snap->Clear(reset);
+        // Nothing like them may be read for a long time.
+        ParticleBuffer_cls::DropSpare();
         return;
     }
     GetSnap(snapshot).Clear(reset);

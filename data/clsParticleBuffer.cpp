@@ -33,14 +33,10 @@ void KeepSpare(LargeMemory_cls memory) {
     spares.back() = std::move(memory);
 }
 
-bool IsWorthKeeping(size_t bytes) {
-    return bytes >= LargeMemory_cls::kMappedByte;
-}
-
 }  // namespace
 
 ParticleBuffer_cls::ParticleBuffer_cls(size_t bytes, Content content) : mContent(content) {
-    if (content == Content::Any && IsWorthKeeping(bytes)) mMemory = TakeSpare(bytes);
+    if (content == Content::Any && bytes >= LargeMemory_cls::kMappedByte) mMemory = TakeSpare(bytes);
     if (mMemory.GetByte() == 0) mMemory = LargeMemory_cls(bytes);
 }
 
@@ -51,7 +47,7 @@ ParticleBuffer_cls& ParticleBuffer_cls::operator=(ParticleBuffer_cls&& other) no
 }
 
 ParticleBuffer_cls::~ParticleBuffer_cls() {
-    if (mContent == Content::Any && IsWorthKeeping(mMemory.GetByte())) KeepSpare(std::move(mMemory));
+    if (mContent == Content::Any && mMemory.IsMapped()) KeepSpare(std::move(mMemory));
 }
 
 size_t ParticleBuffer_cls::GetSpareByte() {

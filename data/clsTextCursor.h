@@ -7,6 +7,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "data/clsEightDigits.h"
+
 /// Walks through the words of a text of particle records, line by line, and reads them as numbers.
 /// Words are separated by blanks, tabs, commas, semicolons and carriage returns; a line feed ends the record.
 /// A number must fill its whole word. Reals may carry an exponent after e, E, d or D and are rounded
@@ -33,6 +35,8 @@ class TextCursor_cls {
     /// No number that is read the quick way is longer, with what is looked at behind it.
     static constexpr ptrdiff_t kQuickByte = 40;
     static constexpr int kMaxPower = 60;
+    static constexpr uint64_t kEnoughToDrop = 1000000000000;
+    static constexpr uint64_t kNearMiddle = 16384;
     static const std::array<double, 2 * kMaxPower + 1> kPowersOfTen;
 
     static bool IsSeparator(char c) { return c == ' ' || c == '\t' || c == '\r' || c == ',' || c == ';'; }
@@ -52,51 +56,6 @@ class TextCursor_cls {
 
     const char* mNow;
     const char* mEnd;
-};
-
-/// Up to eight decimal digits at once. No branch depends on how many of the eight characters are digits,
-/// which is what costs time in a loop over characters.
-class EightDigits_cls {
-  public:
-    /// The digits that the eight characters start with.
-    explicit EightDigits_cls(const char* characters) : EightDigits_cls(Load(characters)) {}
-    /// The same when the character at `point` is left out.
-    EightDigits_cls(const char* characters, unsigned int point)
-        : EightDigits_cls((Load(characters) & Lowest(point)) | (Load(characters + 1) & ~Lowest(point))) {}
-
-    unsigned int GetCount() const { return mCount; }
-    /// Their value; there is at least one.
-    uint64_t GetValue() const {
-        // Leading zeros in front, then neighbours are joined to pairs, fours and eights.
-        uint64_t joined = mDigits << (64 - 8 * mCount);
-        joined = joined * 10 + (joined >> 8);
-        return ((joined & 0x000000FF000000FFU) * 0x000F424000000064U +
-                ((joined >> 16) & 0x000000FF000000FFU) * 0x0000271000000001U) >>
-               32;
-    }
-    /// The number made by other digits and these behind them.
-    uint64_t GetBehind(uint64_t before) const {
-        constexpr uint64_t kTens[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000};
-        return mCount == 0 ? before : before * kTens[mCount] + GetValue();
-    }
-
-  private:
-    explicit EightDigits_cls(uint64_t digits) : mDigits(digits) {
-        // Bytes above 9. A carry out of a byte reaches only bytes behind the first that is no digit.
-        const uint64_t others = (digits | (digits + 0x0606060606060606U)) & 0xF0F0F0F0F0F0F0F0U;
-        mCount = others == 0 ? 8 : static_cast<unsigned int>(std::countr_zero(others)) / 8;
-    }
-    static uint64_t Lowest(unsigned int bytes) { return (uint64_t{1} << (8 * bytes)) - 1; }
-    /// The first character lowest, digits as 0 to 9.
-    static uint64_t Load(const char* characters) {
-        uint64_t eight = 0;
-        std::memcpy(&eight, characters, sizeof eight);
-        if constexpr (std::endian::native == std::endian::big) eight = __builtin_bswap64(eight);
-        return eight ^ 0x3030303030303030U;
-    }
-
-    uint64_t mDigits;
-    unsigned int mCount;
 };
 
 inline bool TextCursor_cls::FindRecord() {
@@ -121,9 +80,10 @@ inline std::string_view TextCursor_cls::TakeWord() {
     return {word, mNow};
 }
 
-/// Digits d with power p are computed as d * 10^p in double precision, within 3 units of its last place.
-/// Rounded to float that is the nearest float, unless the double lies that close to the middle between two
-/// floats; those, subnormal and huge numbers, and whatever is longer than 15 digits go the slow way.
+/// Digits d with power p are computed as d * 10^p in double precision. That is within 4 units of its last
+/// place, or 10^4 when digits behind the sixteenth were dropped. Rounded to float it is the nearest float,
+/// unless it lies that close to the middle between two floats; those, subnormal and huge numbers, and unusual
+/// forms go the slow way.
 inline bool TextCursor_cls::ReadFloat(float* value) {
     SkipSeparators();
     if (IsAtLineEnd()) return false;
@@ -145,10 +105,14 @@ inline bool TextCursor_cls::ReadFloat(float* value) {
     int power = static_cast<int>(whole) - static_cast<int>(digits.GetCount());
     if (digits.GetCount() == 8) {
         const EightDigits_cls more(now);
-        if (more.GetCount() == 8 || (!hasPoint && more.GetCount() > 0)) return ReadFloatSlowly(value);
         number = more.GetBehind(number);
         now += more.GetCount();
-        power -= static_cast<int>(more.GetCount());
+        if (hasPoint) power -= static_cast<int>(more.GetCount());
+        if (more.GetCount() == 8) {
+            const EightDigits_cls dropped(now);
+            now += dropped.GetCount();
+            if (!hasPoint || dropped.GetCount() == 8 || number < kEnoughToDrop) return ReadFloatSlowly(value);
+        }
     }
     if (!IsWordEnd(*now)) {
         const char letter = static_cast<char>(*now | 0x20);
@@ -166,9 +130,9 @@ inline bool TextCursor_cls::ReadFloat(float* value) {
     }
 
     const double magnitude = static_cast<double>(static_cast<int64_t>(number)) *
-                             kPowersOfTen[static_cast<size_t>(power + kMaxPower)];
+                             kPowersOfTen[static_cast<unsigned int>(power + kMaxPower)];
     const uint64_t belowFloat = std::bit_cast<uint64_t>(magnitude) & 0x1FFFFFFFU;
-    const bool nearMiddle = belowFloat - (0x10000000U - 8) <= 16;
+    const bool nearMiddle = belowFloat - (0x10000000U - kNearMiddle) <= 2 * kNearMiddle;
     const bool normal = magnitude >= 0x1p-126 && magnitude <= 0x1.fffffep127;
     if ((nearMiddle || !normal) && number != 0) return ReadFloatSlowly(value);
     // Signs of data are random: no branch on them.
@@ -185,10 +149,17 @@ inline bool TextCursor_cls::ReadInteger(int32_t* value) {
     const bool negative = *mNow == '-';
     const char* now = mNow + SignByte(*mNow);
     const EightDigits_cls digits(now);
+    if (digits.GetCount() == 0) return ReadIntegerSlowly(value);
     now += digits.GetCount();
-    if (digits.GetCount() == 0 || !IsWordEnd(*now)) return ReadIntegerSlowly(value);
-    const auto magnitude = static_cast<int32_t>(digits.GetValue());
-    *value = negative ? -magnitude : magnitude;
+    auto magnitude = static_cast<int64_t>(digits.GetValue());
+    if (digits.GetCount() == 8) {
+        const EightDigits_cls more(now);
+        now += more.GetCount();
+        magnitude = static_cast<int64_t>(more.GetBehind(digits.GetValue()));
+    }
+    const int64_t whole = negative ? -magnitude : magnitude;
+    if (!IsWordEnd(*now) || whole != static_cast<int32_t>(whole)) return ReadIntegerSlowly(value);
+    *value = static_cast<int32_t>(whole);
     mNow = now;
     return true;
 }

@@ -53,11 +53,3 @@ size_t InputFile_cls::ReadAt(uint64_t position, void* destination, size_t bytes,
     }
     return done;
 }
-
-std::string InputFile_cls::ReadRest(uint64_t position) const {
-    std::string bytes;
-    if (position >= mSize) return bytes;
-    bytes.resize(mSize - position);
-    bytes.resize(ReadAt(position, bytes.data(), bytes.size()));
-    return bytes;
-}

@@ -8,7 +8,7 @@
 #include <string>
 
 /// A regular file opened for reading; closed with the object.
-/// Threads: ReadAt() and ReadRest() from any thread, several at a time.
+/// Threads: ReadAt() from any thread, several at a time.
 /// Failure: Open() and ReadAt() say why in words; ReadAt() then returns fewer bytes.
 class InputFile_cls {
   public:
@@ -25,8 +25,6 @@ class InputFile_cls {
     /// Reads from an absolute position. Returns the bytes read: fewer than asked for at the end of the file,
     /// or on a read error, whose reason is then put into `why`.
     size_t ReadAt(uint64_t position, void* destination, size_t bytes, std::string* why = nullptr) const;
-    /// The file from a position to its end.
-    std::string ReadRest(uint64_t position) const;
 
   private:
     InputFile_cls(int descriptor, uint64_t size) : mDescriptor(descriptor), mSize(size) {}
