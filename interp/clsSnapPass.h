@@ -7,8 +7,9 @@
 #include "interp/clsSnapSource.h"
 
 /// What one evaluation of a snapshot at one instant reads and writes: plain functions on arrays, for any
-/// range of particles. The arrays are borrowed. Threads: the functions may run at once on ranges that do not
-/// meet. Units: tau is the time since the snapshot.
+/// range of particles. The arrays are borrowed.
+/// Threads: the functions may run at once on ranges that do not meet.
+/// Units: tau is the time since the snapshot.
 struct SnapPass_cls {
     /// How the particles of one type are coloured.
     struct Paint {

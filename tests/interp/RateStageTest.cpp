@@ -17,8 +17,8 @@ namespace {
 using Random = std::mt19937;
 using IDs = std::vector<int32_t>;
 
-/// Arrays of one snapshot. Positions lie on a grid, so that floats subtract them exactly and half a box comes
-/// up.
+/// Arrays of one snapshot. Positions lie on a grid, so that floats subtract them exactly and half a box
+/// comes up.
 struct Snapshot {
     Snapshot(int count, Random& random) {
         const auto n = static_cast<size_t>(count);
