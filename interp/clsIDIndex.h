@@ -7,9 +7,10 @@
 #include "data/clsLargeMemory.h"
 
 /// Where every ID of one snapshot stands. Built once for a pair of snapshots, then read by any number of
-/// threads. IDs that lie close together get a table with an entry for every number in their range, all others
-/// a table with open addressing; neither takes more than 24 bytes a particle. Only a snapshot in which an ID
-/// occurs more than once needs another 4 bytes a particle and 4 an entry, for the lists of its positions.
+/// threads. IDs that lie close together get a table with an entry for every number in their range, all
+/// others a table with open addressing; neither takes more than 24 bytes a particle. Only a snapshot in
+/// which an ID occurs more than once needs another 4 bytes a particle and 4 an entry, for the lists of its
+/// positions.
 /// Units: positions are array indices, -1 stands for "nowhere".
 /// Failure: std::bad_alloc at construction; a second thread that cannot be created ends the program.
 class IDIndex_cls {
@@ -57,8 +58,8 @@ class IDIndex_cls {
     bool mIsDense;
     size_t mSize = 0;  ///< entries of the table
     LargeMemory_cls mTable;
-    /// With repeated IDs: the positions of entry e are mList[mListBegin[e]] to mList[mListBegin[e + 1] - 1],
-    /// ascending.
+    /// With repeated IDs: the positions of entry e are mList[mListBegin[e]] to mList[mListBegin[e + 1] -
+    /// 1], ascending.
     std::vector<uint32_t> mListBegin;
     std::vector<int32_t> mList;
 };

@@ -7,15 +7,16 @@
 #include "CONFITEM/clsConfItemList.h"
 
 /// The box of data with periodic boundaries, and what is made of particles that leave it on one side and
-/// enter on the other between two snapshots. One object, owned by the application core. Threads: GUI thread;
-/// a rate stage works on the Rule it was started with. Units: lengths are the data's own.
+/// enter on the other between two snapshots. One object, owned by the application core.
+/// Threads: GUI thread; a rate stage works on the Rule it was started with.
+/// Units: lengths are the data's own.
 class PeriodicBoundary_cls {
   public:
     enum Type : unsigned int { kNone = 0, kPlaneXY = 1, kSpaceXYZ = 2 };
     enum Effect : unsigned int { kGuessVelocity = 0, kZeroVelocity = 1 };
 
-    /// The settings as the rate stage uses them. Boxes wrap along the axes only: the other components of an
-    /// oblique box do not enter.
+    /// The settings as the rate stage uses them. Boxes wrap along the axes only: the other components of
+    /// an oblique box do not enter.
     struct Rule {
         unsigned int type = kNone;
         unsigned int effect = kGuessVelocity;

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-/// The arrays that a rate stage works on: snapshot A, the next one B, and where A's rates go. All borrowed.
-/// Positions and velocities are three floats a particle. IDs may be null: then no particle is found by its
-/// ID.
+/// The arrays that a rate stage works on: snapshot A, the next one B, and where A's rates go. All
+/// borrowed. Positions and velocities are three floats a particle. IDs may be null: then no particle is
+/// found by its ID.
 struct RateArrays_cls {
     int mCountA = 0;
     const float* mPositionA = nullptr;

@@ -99,7 +99,8 @@ void SnapData_cls::SetPValue1(const float** out, const SnapAttribute_cls& attrib
 }
 
 void SnapData_cls::SetValue1Dash(unsigned int source) {
-    if (mValue1DashFilled || !AllocateValue1Dash()) return;
+    const bool isDerived = source >= ColorCurve_cls::kPosition && source < ColorCurve_cls::kDependCount;
+    if (mValue1DashFilled || !isDerived || !AllocateValue1Dash()) return;
     ThreadSnapInterpolate_cls::RunAll(mSource.count, [&](int begin, int end) {
         SnapPass_cls::Derive(mSource, source, mVisitedStride, mValue1Dash.As<float>(), begin, end);
     });

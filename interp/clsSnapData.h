@@ -5,12 +5,14 @@
 #include "interp/clsSnapPass.h"
 #include "interp/clsSnapSource.h"
 
-/// The drawable state of one displayed instant: position, radius, value1 and colour of every particle. Owned
-/// by the drawing code, which keeps one and builds it anew for the next instant: arrays that have been
-/// touched before are filled several times as fast as fresh ones. It borrows the snapshot's type array (and
-/// the whole snapshot for values derived later), so it must be released before the snapshot is. Threads: GUI
-/// thread, which takes part in the work of 1 to 4 workers and returns when the state is complete. Units: tau
-/// and time are the data's own time. Failure: without the memory for its arrays the state holds no particles.
+/// The drawable state of one displayed instant: position, radius, value1 and colour of every particle.
+/// Owned by the drawing code, which keeps one and builds it anew for the next instant: arrays that have
+/// been touched before are filled several times as fast as fresh ones. It borrows the snapshot's type
+/// array (and the whole snapshot for values derived later), so it must be released before the snapshot is.
+/// Threads: GUI thread, which takes part in the work of 1 to 4 workers and returns when the state is
+/// complete.
+/// Units: tau and time are the data's own time.
+/// Failure: without the memory for its arrays the state holds no particles.
 class SnapData_cls {
   public:
     SnapData_cls() = default;
@@ -20,8 +22,8 @@ class SnapData_cls {
     SnapData_cls(const SnapData_cls&) = delete;
     SnapData_cls& operator=(const SnapData_cls&) = delete;
 
-    /// The state `tau` after the snapshot. A stride above 1 evaluates only particles 0, stride, 2 stride, ...
-    /// and leaves the others undefined.
+    /// The state `tau` after the snapshot. A stride above 1 evaluates only particles 0, stride, 2 stride,
+    /// ... and leaves the others undefined.
     void Build(const SnapSource_cls& source, const SnapAttributes_cls& attributes, double tau, int stride);
     /// Frees the arrays; the state then holds no particles and matches no snapshot.
     void ReleaseData();
@@ -33,8 +35,9 @@ class SnapData_cls {
     /// True when some colour curve in use feeds on a value that only the evaluation derives.
     static bool IsInterpolateRequired(const SnapAttributes_cls& attributes);
 
-    /// The array that drives the attribute's first (0) or second (1) curve, null when it depends on nothing
-    /// known. Only one derived array exists: the first source asked for wins until the state is built anew.
+    /// The array that drives the attribute's first (0) or second (1) curve, null when it depends on
+    /// nothing known. Only one derived array exists: the first source asked for wins until the state is
+    /// built anew.
     void SetPValue1(const float** out, const SnapAttribute_cls& attribute, int curve);
     /// Fills the derived array unless it is filled already. The source is one of ColorCurve_cls::Depend.
     void SetValue1Dash(unsigned int source);

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Number k of the particles 0, stride, 2 stride, ... from `begin` on.
+/// The first of the particles 0, stride, 2 stride, ... from `begin` on.
 long long RoundUp(int begin, int stride) {
     return (static_cast<long long>(begin) + stride - 1) / stride * stride;
 }
@@ -42,7 +42,7 @@ void SnapPass_cls::InterpolateDataLinear(int begin, int end) const {
             Advance(value1, source.value1, source.value1Work, tau, one, one + 1);
         }
     }
-    Colour(begin, end, stride);
+    PaintColors(begin, end, stride);
 }
 
 void SnapPass_cls::Copy(int begin, int end) const {
@@ -51,10 +51,10 @@ void SnapPass_cls::Copy(int begin, int end) const {
     std::copy(source.position + 3 * first, source.position + 3 * last, position + 3 * first);
     std::copy(source.radius + first, source.radius + last, radius + first);
     std::copy(source.value1 + first, source.value1 + last, value1 + first);
-    Colour(begin, end, 1);
+    PaintColors(begin, end, 1);
 }
 
-void SnapPass_cls::Colour(int begin, int end, int step) const {
+void SnapPass_cls::PaintColors(int begin, int end, int step) const {
     const uint8_t* type = source.type;
     const auto count = static_cast<size_t>(end - begin);
     // Files mostly hold the particles of one type together.

@@ -7,8 +7,9 @@
 #include "interp/clsSnapSource.h"
 
 /// What one evaluation of a snapshot at one instant reads and writes: plain functions on arrays, for any
-/// range of particles. The arrays are borrowed. Threads: the functions may run at once on ranges that do not
-/// meet. Units: tau is the time since the snapshot.
+/// range of particles. The arrays are borrowed.
+/// Threads: the functions may run at once on ranges that do not meet.
+/// Units: tau is the time since the snapshot.
 struct SnapPass_cls {
     /// How the particles of one type are coloured.
     struct Paint {
@@ -41,5 +42,5 @@ struct SnapPass_cls {
   private:
     /// Types beyond the last are drawn as type 0.
     const Paint& PaintOf(uint8_t type) const { return paints[type < kTypes ? type : 0]; }
-    void Colour(int begin, int end, int step) const;
+    void PaintColors(int begin, int end, int step) const;
 };

@@ -4,8 +4,8 @@
 
 class PDataBlock_cls;
 
-/// The arrays of the snapshot that a drawable state is made of. All borrowed. IDs may be null and then count
-/// as 0.
+/// The arrays of the snapshot that a drawable state is made of. All borrowed. IDs may be null and then
+/// count as 0.
 struct SnapSource_cls {
     static SnapSource_cls Of(const PDataBlock_cls& block);
 

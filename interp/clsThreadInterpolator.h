@@ -17,16 +17,18 @@ extern std::atomic<bool> GbThreadInterpolateFinished;
 /// Set while a rate stage is waited for: drawing is held off. ("Interplate" is how the name has always been.)
 extern std::atomic<bool> GbGLLockForInterplateData;
 
-/// The rate stage: what every particle of snapshot A gains per time unit on its way to snapshot B. Fans out
-/// over 1 to 6 ThreadInterpolatorBlock_cls. At most one is under way, registered in GpCThreadInterpolate.
+/// The rate stage: what every particle of snapshot A gains per time unit on its way to snapshot B. Fans
+/// out over 1 to 6 ThreadInterpolatorBlock_cls. At most one is under way, registered in
+/// GpCThreadInterpolate.
 /// Owned by the class itself from Start() on, until the next one starts or the program ends.
 /// Threads: started on the GUI thread. It writes A's velocity and work arrays and reads B, so nobody may
-/// touch either snapshot until GbThreadInterpolateFinished. Units: dt is the time between the snapshots in
-/// the data's own time. Interpolation types: with LINEAR the velocity is the difference of the snapshots;
-/// with HERMITE it stays as read from the file; with no interpolation it is 0. Radius and value1 change with
-/// LINEAR alone. Particles of A beyond the smaller of both counts keep the velocity that was read; their
-/// radius and value1 do not change. They are not looked for in B by their ID either. Failure: without a
-/// thread the program ends with a message.
+/// touch either snapshot until GbThreadInterpolateFinished.
+/// Units: dt is the time between the snapshots in the data's own time.
+/// Interpolation types: with LINEAR the velocity is the difference of the snapshots; with HERMITE it stays
+/// as read from the file; with no interpolation it is 0. Radius and value1 change with LINEAR alone.
+/// Particles of A beyond the smaller of both counts keep the velocity that was read; their radius and
+/// value1 do not change. They are not looked for in B by their ID either.
+/// Failure: without a thread the program ends with a message.
 class ThreadInterpolator_cls final : public JoinedThread_cls {
   public:
     ~ThreadInterpolator_cls() override { Join(); }

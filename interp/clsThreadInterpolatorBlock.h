@@ -6,23 +6,25 @@
 #include "interp/clsWorkShares.h"
 #include "seam/clsJoinedThread.h"
 
-/// One worker of a rate stage: the rates of a share of A's particles. Owned by its ThreadInterpolator_cls.
+/// One worker of a rate stage: the rates of a share of A's particles.
+/// Owned by its ThreadInterpolator_cls.
 /// Threads: reads the arrays of A and B, writes only A's rates of the particles it has taken; runs as a
-/// joinable thread, or on the caller's by calling Entry(). Units: rates per time unit, of which dt lie
-/// between the snapshots.
+/// joinable thread, or on the caller's by calling Entry().
+/// Units: rates per time unit, of which dt lie between the snapshots.
 ///
 /// Matching by ID. The order of the search is part of what a film shows, duplicates of an ID included: the
-/// same index; then, with w = 10, 100, 1000 and 10000, the first hit from max(i - w, 0) upwards below min(i +
-/// w, countB); then the first hit in the first tenth of B. Every one of these tries asks for the smallest
-/// position of an ID between two bounds, and that is what IDIndex_cls::FindFirst() answers without scanning.
-/// So the answers are the scan's; only the cost differs. Where no ID of B repeats there is only one position
-/// to ask about, and the five tries come down to: it lies in the widest window, or in the first tenth.
+/// same index; then, with w = 10, 100, 1000 and 10000, the first hit from max(i - w, 0) upwards below
+/// min(i + w, countB); then the first hit in the first tenth of B. Every one of these tries asks for the
+/// smallest position of an ID between two bounds, and that is what IDIndex_cls::FindFirst() answers
+/// without scanning. So the answers are the scan's; only the cost differs. Where no ID of B repeats there
+/// is only one position to ask about, and the five tries come down to: it lies in the widest window, or in
+/// the first tenth.
 class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
   public:
     ~ThreadInterpolatorBlock_cls() override { Join(); }
 
-    /// The shares hold particles of A that all exist in B; they and the index outlive the worker. Without an
-    /// index the searches scan.
+    /// The shares hold particles of A that all exist in B; they and the index outlive the worker. Without
+    /// an index the searches scan.
     void SetParameters(const RateArrays_cls& arrays, WorkShares_cls& shares, int worker, float dt,
                        unsigned int variableNumber, const PeriodicBoundary_cls::Rule& periodic,
                        const IDIndex_cls* index);
@@ -31,7 +33,6 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     bool HasKernel() const;
 
     // Rates of particle i of A from particle j of B
-    // --------------------------------------------------------------
 
     void InterpolateDataLinearCore(int i, int j, float dt);
     void InterpolateDataLinearCorePeriodicXYEeffect0(int i, int j, float dt);
@@ -40,7 +41,6 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     void InterpolateDataLinearCorePeriodicXYZEeffect1(int i, int j, float dt);
 
     // Particles begin to end - 1 by one rule of matching
-    // ---------------------------------------------------------
 
     void InterpolateDataLinear(int begin, int end);
     void InterpolateDataLinearPeriodic(int begin, int end);
@@ -48,7 +48,6 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     void InterpolateDataLinearSearchingIDSorted(int begin, int end);
 
     // Searches in B, -1 for not found
-    // ----------------------------------------------------------------------------
 
     int SearchIDNear(int i, int id, int halfWidth) const;
     int SearchIDFull(int id) const;

@@ -8,7 +8,8 @@
 
 /// One worker of an evaluation stage. Made by RunAll(), which returns when all work is done.
 /// Threads: the work is called from several threads at once, each time with other particles; it may only
-/// write what belongs to these. Failure: a thread that cannot be created ends the program with a message.
+/// write what belongs to these.
+/// Failure: a thread that cannot be created ends the program with a message.
 class ThreadSnapInterpolate_cls final : public JoinedThread_cls {
   public:
     using Work = std::function<void(int begin, int end)>;

@@ -4,9 +4,9 @@
 #include <vector>
 
 /// The particles 0 to count - 1, shared out among workers: each has count / workers of them, the last one
-/// also the rest. A worker takes its share in blocks, and when that is done the blocks that others have not
-/// come to, so that more workers than processors finish together. Threads: made before the workers start,
-/// outlives them; Take() is called by all of them at once.
+/// also the rest. A worker takes its share in blocks, and when that is done the blocks that others have
+/// not come to, so that more workers than processors finish together.
+/// Threads: made before the workers start, outlives them; Take() is called by all of them at once.
 class WorkShares_cls {
   public:
     /// Shares that must be worked through in one go, each by one worker.

@@ -13,8 +13,8 @@ namespace {
 constexpr double kNoDisplayStep = 0.0;
 constexpr int kChannels = 4;
 
-/// What a curve without keys of its own starts with. The first key is set at the current time, whatever that
-/// is when the curve is made.
+/// What a curve without keys of its own starts with. The first key is set at the current time, whatever
+/// that is when the curve is made.
 std::vector<ColorCurve_cls::Key> GreenToRed() {
     return {{Parameters_cls::msCurrentDoubleIndex, 0, 1, 0, 1}, {1, 1, 0, 0, 1}};
 }

@@ -10,16 +10,17 @@
 #include "CONFITEM/clsConfItemList.h"
 #include "timeline/clsParamGroup.h"
 
-/// A colour map: one number of a particle, scaled from ScalingMin..ScalingMax to 0..1, gives red, green, blue
-/// and alpha. Switched off it yields one constant colour. The keys are those of four parameters "R", "G", "B"
-/// and "A" whose axis is not time but the position on the curve; editing them is editing parameters. A curve
-/// is owned by what it colours. Threads: GUI thread. The two GetColor4f calls from any number of threads
-/// while nobody edits the curve. Units: positions 0 to 1, beyond which the first and the last key hold;
-/// channels 0 to 1. Failure: none is reported; a scaling range of 0 becomes 1.
+/// A colour map: one number of a particle, scaled from ScalingMin..ScalingMax to 0..1, gives red, green,
+/// blue and alpha. Switched off it yields one constant colour. The keys are those of four parameters "R",
+/// "G", "B" and "A" whose axis is not time but the position on the curve; editing them is editing
+/// parameters. A curve is owned by what it colours.
+/// Threads: GUI thread. The two GetColor4f calls from any number of threads while nobody edits the curve.
+/// Units: positions 0 to 1, beyond which the first and the last key hold; channels 0 to 1.
+/// Failure: none is reported; a scaling range of 0 becomes 1.
 class ColorCurve_cls {
   public:
-    /// The quantity that feeds the curve, see DependType. Larger numbers stand for none: such a curve is not
-    /// evaluated for particles.
+    /// The quantity that feeds the curve, see DependType. Larger numbers stand for none: such a curve is
+    /// not evaluated for particles.
     enum Depend : unsigned int {
         kValue1,
         kRadius,
@@ -58,7 +59,6 @@ class ColorCurve_cls {
     const ParamGroup_cls& GetParamGroup() const { return mGroup; }
 
     // Evaluation
-    // --------------------------------------------------------------------------------------------------
 
     /// Takes over the scaling for the GetColor4fScaled() calls that follow; before every drawing pass. A
     /// range of 0 is repaired in the setting itself.
@@ -75,7 +75,6 @@ class ColorCurve_cls {
     wxColour GetWXColor(const wxColour& background, double t, bool opaque) const;
 
     // Editing, each an undoable step
-    // -------------------------------------------------------------------------------
 
     /// Mirrors the curve.
     void Flip();
@@ -86,7 +85,6 @@ class ColorCurve_cls {
     void CopyColorFromP(const ColorCurve_cls& source, bool keysOnly);
 
     // Text
-    // ----------------------------------------------------------------------------------------------------------
 
     wxString Serialize() const;
     /// True when the line is one of this curve's; further lines of its keys are then read from the stream.

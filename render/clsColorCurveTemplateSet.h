@@ -6,7 +6,8 @@
 #include "render/clsColorCurve.h"
 
 /// The curves of the template palette, in the order of its buttons. The palette copies their keys into the
-/// curve that is being edited. Threads: GUI thread.
+/// curve that is being edited.
+/// Threads: GUI thread.
 class ColorCurveTemplateSet_cls {
   public:
     ColorCurveTemplateSet_cls();

@@ -8,10 +8,12 @@
 #include "interp/clsSnapAttribute.h"
 #include "render/clsColorCurve.h"
 
-/// How the particles of one type are drawn: as points, billboards, spheres or not at all, with which radius,
-/// transparency, blending, shader, texture and colour curves. Four belong to every data sequence, which owns
-/// them. Threads: GUI thread. Units: radii are data lengths, point sizes pixels. Failure: a setting beyond
-/// its list draws nothing (DrawType) or has no effect.
+/// How the particles of one type are drawn: as points, billboards, spheres or not at all, with which
+/// radius, transparency, blending, shader, texture and colour curves. Four belong to every data sequence,
+/// which owns them.
+/// Threads: GUI thread.
+/// Units: radii are data lengths, point sizes pixels.
+/// Failure: a setting beyond its list draws nothing (DrawType) or has no effect.
 class GLAttribute_cls {
   public:
     enum RadiusType : unsigned int { kUseData = 0, kConstantRadius = 1 };
@@ -42,7 +44,6 @@ class GLAttribute_cls {
     Alpha GetAlpha() const;
 
     // Rules of drawing; stepFactor is one of Thinning_cls
-    // -----------------------------------------------------------
 
     float GetRadiusFactor() const;
     float GetDrawnRadius(float dataRadius, float stepFactor) const;
@@ -50,7 +51,6 @@ class GLAttribute_cls {
     float GetDrawnAlpha(float alpha, float drawnRadius, float stepFactor) const;
 
     // Text
-    // ----------------------------------------------------------------------------------------------------------
 
     wxString Serialize() const;
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);

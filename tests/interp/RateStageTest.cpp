@@ -8,7 +8,7 @@
 
 #include "data/clsDataLoader.h"
 #include "interp/clsThreadInterpolator.h"
-#include "interp/clsThreadInterpolatorBlock.h"
+#include "interp/clsThreadSnapInterpolate.h"
 #include "seam/clsClock.h"
 #include "support/RecordingSink.h"
 
@@ -17,8 +17,8 @@ namespace {
 using Random = std::mt19937;
 using IDs = std::vector<int32_t>;
 
-/// Arrays of one snapshot. Positions lie on a grid, so that floats subtract them exactly and half a box comes
-/// up.
+/// Arrays of one snapshot. Positions lie on a grid, so that floats subtract them exactly and half a box
+/// comes up.
 struct Snapshot {
     Snapshot(int count, Random& random) {
         const auto n = static_cast<size_t>(count);
@@ -55,7 +55,6 @@ ThreadInterpolator_cls::Task MakeTask(Snapshot& a, const Snapshot& b) {
 }
 
 // The rules word by word
-// ----------------------------------------------------------------------------------------
 
 int SearchByScanning(const IDs& b, int i, int id) {
     const int countB = static_cast<int>(b.size());
@@ -153,7 +152,6 @@ void RunAndExpect(ThreadInterpolator_cls::Task task, Snapshot& a, const Snapshot
 }
 
 // Matching
-// --------------------------------------------------------------------------------------------------------
 
 struct Arrangement {
     const char* name;
@@ -275,7 +273,6 @@ TEST(RateStageTest, LargeTablesAreFilledByTwoThreads) {
 }
 
 // Rules, periodic boundaries, workers
-// -----------------------------------------------------------------------------
 
 TEST(RateStageTest, EveryRuleHonoursEveryBoundary) {
     for (const int countA : {2000, 250000}) {
@@ -303,12 +300,14 @@ TEST(RateStageTest, EveryRuleHonoursEveryBoundary) {
     }
 }
 
-TEST(RateStageTest, WorkerNumbersChangeBeyondTheBounds) {
-    const std::vector<std::pair<int, int>> bounds = {
-        {0, 1},       {100000, 1},  {100001, 2},  {300000, 2},   {300001, 3},   {1000000, 3},
-        {1000001, 4}, {3000000, 4}, {3000001, 5}, {10000000, 5}, {10000001, 6}, {INT32_MAX, 6}};
-    for (const auto& [count, workers] : bounds)
-        EXPECT_EQ(ThreadInterpolator_cls::GetWorkerNumber(count), workers);
+TEST(RateStageTest, WorkerNumbersChangeBeyondTheirBounds) {
+    const std::vector<std::array<int, 3>> bounds = {
+        {0, 1, 1},       {100000, 1, 1},  {100001, 2, 2},   {300001, 3, 2},   {1000000, 3, 2},
+        {1000001, 4, 3}, {3000001, 5, 3}, {10000000, 5, 3}, {10000001, 6, 4}, {INT32_MAX, 6, 4}};
+    for (const auto& [count, forRates, forStates] : bounds) {
+        EXPECT_EQ(ThreadInterpolator_cls::GetWorkerNumber(count), forRates) << count;
+        EXPECT_EQ(ThreadSnapInterpolate_cls::GetWorkerNumber(count), forStates) << count;
+    }
 }
 
 TEST(RateStageTest, OtherTypesAndUnknownSettingsLetNothingGrow) {
@@ -339,50 +338,23 @@ TEST(RateStageTest, OtherTypesAndUnknownSettingsLetNothingGrow) {
     }
 }
 
-TEST(RateStageTest, ASnapshotTowardsItselfStandsStill) {
+TEST(RateStageTest, ParticlesWithoutPartnersStandStill) {
     Random random(17);
-    Snapshot a(1000, random);
-    auto task = MakeTask(a, a);
-    task.dt = 0.0F;
-    ThreadInterpolator_cls::ComputeRates(task);
-    EXPECT_EQ(a.velocity, std::vector<float>(3000));
-    EXPECT_EQ(a.value1Work, std::vector<float>(1000));
-}
-
-TEST(RateStageTest, WithoutIDsNothingIsFound) {
-    Random random(19);
-    for (const unsigned int rule : {DataLoader_cls::kVariable, DataLoader_cls::kSortByID}) {
-        Snapshot a(100, random);
-        const Snapshot b(100, random);
-        auto task = MakeTask(a, b);
-        task.arrays.mIDB = nullptr;
+    for (const unsigned int rule :
+         {DataLoader_cls::kConstant, DataLoader_cls::kVariable, DataLoader_cls::kSortByID}) {
+        // Towards itself, as the last snapshot, and without the IDs that the rule goes by.
+        Snapshot a(1000, random);
+        auto task = MakeTask(a, a);
+        task.dt = 0.0F;
         task.variableNumber = rule;
+        if (rule != DataLoader_cls::kConstant) task.arrays.mIDB = nullptr;
         ThreadInterpolator_cls::ComputeRates(task);
-        EXPECT_EQ(a.velocity, std::vector<float>(300));
-    }
-}
-
-TEST(RateStageTest, TheCursorStaysBeforeAnIDThatWasSkipped) {
-    const IDs b = {2, 4, 4, 9};
-    RateArrays_cls arrays;
-    arrays.mCountB = 4;
-    arrays.mIDB = b.data();
-    WorkShares_cls shares(0, 1, 1);
-    ThreadInterpolatorBlock_cls block;
-    block.SetParameters(arrays, shares, 0, 1.0F, DataLoader_cls::kSortByID, {}, nullptr);
-    struct Step {
-        int id, found, cursor;
-    };
-    int cursor = 0;
-    for (const Step& step : {Step{1, -1, 0}, Step{2, 0, 1}, Step{3, -1, 1}, Step{4, 1, 2}, Step{5, -1, 2},
-                             Step{9, 3, 4}, Step{10, -1, 4}}) {
-        EXPECT_EQ(block.SearchIDFrom(&cursor, step.id), step.found) << step.id;
-        EXPECT_EQ(cursor, step.cursor) << step.id;
+        EXPECT_EQ(a.velocity, std::vector<float>(3000));
+        EXPECT_EQ(a.value1Work, std::vector<float>(1000));
     }
 }
 
 // Protocol
-// --------------------------------------------------------------------------------------------------------
 
 TEST(RateStageTest, OneStageRunsAtATimeAndTellsItsEnd) {
     RecordingSink_cls sink;
@@ -413,21 +385,16 @@ TEST(RateStageTest, OneStageRunsAtATimeAndTellsItsEnd) {
 TEST(PeriodicBoundaryTest, BoxesAreReadAndMultiplied) {
     PeriodicBoundary_cls boundary;
     EXPECT_EQ(boundary.GetRule().length, (std::array{10.0F, 10.0F, 10.0F}));
-    const wxString text =
-        "PeriodicType=2\nPeriodicSize=2.000000 1.000000 0.500000\nPeriodicEffect=1\n"
-        "PeriodicBaseVector0=10.000000 5.000000 0.000000\nPeriodicBaseVector1=0.000000 10.000000 0.000000\n"
-        "PeriodicBaseVector2=1.000000 2.000000 3.000000\n";
-    for (const wxString& line :
-         {wxString("PeriodicType=2"), wxString("PeriodicSize=2 1 0.5"), wxString("PeriodicEffect=1"),
-          wxString("PeriodicBaseVector0=10 5 0"), wxString("PeriodicBaseVector2=1 2 3")}) {
+    for (const char* line : {"PeriodicType=2", "PeriodicSize=2 1 0.5", "PeriodicEffect=1",
+                             "PeriodicBaseVector0=10 5 0", "PeriodicBaseVector2=1 2 3"}) {
         EXPECT_TRUE(boundary.ReadStrLine(line));
     }
-    EXPECT_EQ(boundary.Serialize(), text);
+    EXPECT_EQ(
+        boundary.Serialize(),
+        "PeriodicType=2\nPeriodicSize=2.000000 1.000000 0.500000\nPeriodicEffect=1\n"
+        "PeriodicBaseVector0=10.000000 5.000000 0.000000\nPeriodicBaseVector1=0.000000 10.000000 0.000000\n"
+        "PeriodicBaseVector2=1.000000 2.000000 3.000000\n");
     EXPECT_EQ(boundary.GetRule().length, (std::array{20.0F, 10.0F, 1.5F}));
-    EXPECT_EQ(boundary.GetRule().type, PeriodicBoundary_cls::kSpaceXYZ);
-    std::array<float, 3> edge{};
-    boundary.GetBoundaryVector(edge.data(), 2);
-    EXPECT_EQ(edge, (std::array{2.0F, 2.0F, 1.5F}));
 }
 
 }  // namespace

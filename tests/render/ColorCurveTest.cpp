@@ -56,8 +56,8 @@ TEST(ColorCurveTest, ANewCurveIsOffAndRunsFromGreenToRed) {
     EXPECT_EQ(curve.GetParamGroup().GetName(), "P ColorCurve");
     EXPECT_EQ(curve.GetParamGroup().GetParameter(3).GetID(), "P ColorCurve.A");
 
-    // The first key is set at the current time; but a position of -1 is a position like others, and keys are
-    // not snapped to the frames of the scene.
+    // The first key is set at the current time; but a position of -1 is a position like others, and keys
+    // are not snapped to the frames of the scene.
     Parameters_cls::SetFrameNumber(2, 1);
     Parameters_cls::msCurrentDoubleIndex = 0.5;
     ColorCurve_cls late("P", "", "0 0 0 0");
