@@ -31,7 +31,7 @@ void OnInterrupt(int) {
 }  // namespace
 
 Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
-    : mLine(std::move(line)), mMain(programFolder), mProject(mMain) {
+    : mLine(std::move(line)), mMain(programFolder), mProject(mMain.GetProjectFile()) {
     // On a terminal the lines would tear the progress bar apart.
     const bool terminal = isatty(STDOUT_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
     if (mLine.mQuiet || (terminal && !mLine.mVerbose)) SetDiagnosticsOn(false);
@@ -60,15 +60,16 @@ int Batch_cls::Prepare() {
         return kFailed;
     }
     if (IsProject()) {
-        if (!mProject.ReadProjectFile(mLine.mFile)) return kFailed;
+        if (!mProject.OpenProject(mLine.mFile)) return kFailed;
         if (mLine.mVerbose) {
             PrintError(wxString::Format("%s: %d lines belong to no setting", mLine.mFile,
                                         mProject.GetUnknownLines()));
         }
     }
     for (const wxString& setting : mLine.mSettings) {
-        if (mProject.ApplySetting(setting)) continue;
-        PrintError("--set " + setting + ": no setting has this key");
+        const wxString error = mProject.ApplySetting(setting);
+        if (error.empty()) continue;
+        PrintError("--set " + error);
         return kWrongUsage;
     }
     if (!IsProject()) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
