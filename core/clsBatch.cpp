@@ -184,6 +184,7 @@ int Batch_cls::Render() {
         PrintError(why);
         return kFailed;
     }
+    scene->SetBackground(mMain.GetPanelShared().mBackground.mValue);
     // The camera depends on the data only, so that parts of a film rendered apart fit together.
     if (const SnapData_cls* first = PrepareState(0.0)) scene->FitTo(*first);
     return DoFrames(*frames, [&](int frame, const wxString& name) {
@@ -210,18 +211,21 @@ int Batch_cls::Export() {
 
 wxString Batch_cls::WriteState(const wxString& name, double position) {
     const SnapData_cls* state = PrepareState(position);
-    if (!state) return WriteParticleState(name, {});
+    const DataExporter_cls& exporter = mMain.GetDataExporter();
+    if (!state) return WriteParticleState(name, {}, exporter);
     const PDataBlock_cls& block =
         mMain.GetSeqCtrl().GetActive().GetSnap(static_cast<int>(position)).GetBlock();
-    return WriteParticleState(name, {.mTime = state->GetTime(),
-                                     .mCount = state->GetCount(),
-                                     .mStride = state->GetStride(),
-                                     .mPosition = state->GetPosition(),
-                                     .mVelocity = block.GetVelocity(),
-                                     .mRadius = state->GetRadius(),
-                                     .mValue1 = state->GetValue1(),
-                                     .mType = state->GetType(),
-                                     .mID = block.GetID()});
+    return WriteParticleState(name,
+                              {.mTime = state->GetTime(),
+                               .mCount = state->GetCount(),
+                               .mStride = state->GetStride(),
+                               .mPosition = state->GetPosition(),
+                               .mVelocity = block.GetVelocity(),
+                               .mRadius = state->GetRadius(),
+                               .mValue1 = state->GetValue1(),
+                               .mType = state->GetType(),
+                               .mID = block.GetID()},
+                              exporter);
 }
 
 const SnapData_cls* Batch_cls::PrepareState(double position) {
