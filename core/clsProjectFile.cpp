@@ -17,8 +17,8 @@ namespace {
 constexpr int kConfigurationSections = 4;
 /// Longer files are no projects; what stands behind this is not read.
 constexpr uint64_t kMaxProjectByte = 256U << 20;
-/// So many lines that nobody knows mean the same: the rest is not looked at.
-constexpr int kMaxUnknownLines = 1000000;
+/// So many lines outside of blocks mean the same: the rest is not looked at.
+constexpr int kMaxLines = 1000000;
 
 class ProjectLoadingLock_cls {
   public:
@@ -181,7 +181,7 @@ bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
     LineStream_cls stream(std::move(bytes));
     mUnknownLines = 0;
     wxString line;
-    while (mUnknownLines < kMaxUnknownLines && stream.ReadLine(line)) {
+    for (int i = 0; i < kMaxLines && stream.ReadLine(line); ++i) {
         if (MayBelongToSomeone(line) && (Offer(stream, line) || IsSessionLine(line))) continue;
         ++mUnknownLines;
     }

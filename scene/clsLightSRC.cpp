@@ -20,23 +20,22 @@ constexpr std::array<GroupDefault_cls, LightSRC_cls::kGroupCount> kGroups = {{
 
 }  // namespace
 
-LightSRC_cls::LightSRC_cls(int number, const std::shared_ptr<const ParamHost_cls>& host) : mNumber(number) {
-    const wxString light = wxString::Format("Light%d", number);
+LightSRC_cls::LightSRC_cls(int number, const std::shared_ptr<const ParamHost_cls>& host)
+    : mNumber(number), mPrefix(wxString::Format("Light%d", number)) {
     for (size_t i = 0; i < kGroupCount; ++i) {
-        const wxString id = light + kGroups[i].name;
+        const wxString id = mPrefix + kGroups[i].name;
         std::vector<wxString> names;
         for (const char* component : kGroups[i].components) names.push_back(id + component);
         mGroups[i] =
-            std::make_unique<ParamGroup_cls>(light + " " + kGroups[i].name, 3, names, id, false, host);
+            std::make_unique<ParamGroup_cls>(mPrefix + " " + kGroups[i].name, 3, names, id, false, host);
     }
     SetToDefault();
 }
 
 void LightSRC_cls::SetToDefault() {
-    const wxString light = wxString::Format("Light%d", mNumber);
     mItems.Clear();
-    mItems.Add(&mVisible, light + "Visible=", mNumber == 0 ? "1" : "0");
-    mItems.Add(&mType, light + "Type=", "0");
+    mItems.Add(&mVisible, mPrefix + "Visible=", mNumber == 0 ? "1" : "0");
+    mItems.Add(&mType, mPrefix + "Type=", "0");
     for (size_t i = 0; i < kGroupCount; ++i) {
         mGroups[i]->SetTimeDependent(false);
         for (int c = 0; c < 3; ++c)
@@ -69,6 +68,8 @@ wxString LightSRC_cls::Serialize() const {
 }
 
 bool LightSRC_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
+    // All keys and group names hold the prefix; most lines of a project belong to others.
+    if (line.find(mPrefix) == wxString::npos) return false;
     return mItems.ReadStrLineAll(line) || std::any_of(mGroups.begin(), mGroups.end(), [&](const auto& group) {
                return group->ReadStrLine(stream, line);
            });

@@ -38,6 +38,7 @@ class LightSRC_cls {
 
   private:
     const int mNumber;
+    const wxString mPrefix;
     ConfItemList_cls mItems;
     std::array<std::unique_ptr<ParamGroup_cls>, kGroupCount> mGroups;
 };
