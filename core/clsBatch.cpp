@@ -109,11 +109,13 @@ int Batch_cls::Info() {
         PDataBlock_cls block;
         block.ReadHeader(*file, path, i);
         block.CheckTextBody(*file, path);
-        for (const wxString& problem : block.TakeProblems()) {
+        const auto problems = block.TakeProblems();
+        for (const wxString& problem : problems) PrintError(problem);
+        if (problems.empty()) {
+            TellLeftover(*file, path, block.GetCount());
+        } else {
             mAnyFault = true;
-            PrintError(problem);
         }
-        TellLeftover(*file, path, block.GetCount());
         particles += block.GetCount();
         std::printf("%6d  t = %-14.9g %10d particles  %s\n", i, block.GetTime(), block.GetCount(),
                     ToBytes(path).c_str());
