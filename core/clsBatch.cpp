@@ -53,12 +53,7 @@ int Batch_cls::Run() {
 }
 
 int Batch_cls::Prepare() {
-    // A configuration file named by hand has to be there, the usual one need not.
-    if (!mLine.mConfig) {
-        mProject.ReadProjectFile(mMain.GetConfigPath());
-    } else if (!mLine.mConfig->empty() && !mProject.ReadProjectFile(*mLine.mConfig)) {
-        return kFailed;
-    }
+    if (!mMain.ReadConfiguration(mLine.mConfig)) return kFailed;
     if (IsProject()) {
         if (!mProject.OpenProject(mLine.mFile)) return kFailed;
         if (mLine.mVerbose) {

@@ -26,7 +26,9 @@ constexpr int kCutLength = 8000;
 }  // namespace
 
 Main_cls::Main_cls(const wxString& programFolder)
-    : mProgramFolder(programFolder), mSeqCtrl(true), mTimeCtrl(MakeTimeHost()) {
+    : mConfigPath(programFolder + "/" + ProjectFile_cls::kConfigName),
+      mSeqCtrl(true),
+      mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
     mDataLoader.SetOpenCommand([this](const wxString& path) { OpenDataFileCommand(path); });
@@ -198,10 +200,14 @@ bool Main_cls::ReadProjectFile(const wxString& path) {
     return mProjectFile->ReadProjectFile(path);
 }
 
-wxString Main_cls::GetConfigPath() const {
-    return mProgramFolder + "/" + ProjectFile_cls::kConfigName;
+bool Main_cls::ReadConfiguration(const std::optional<wxString>& path) {
+    if (path) mConfigPath = *path;
+    const bool read = mConfigPath.empty() || ReadProjectFile(mConfigPath);
+    EventSink_cls::PostToFrame(EventSink_cls::kRedraw);
+    EventSink_cls::PostToFrame(EventSink_cls::kRefreshPanels);
+    return read || !path;
 }
 
 bool Main_cls::QuitProcess() {
-    return SaveProjectFile(GetConfigPath(), false) == 1;
+    return mConfigPath.empty() || SaveProjectFile(mConfigPath, false) == 1;
 }

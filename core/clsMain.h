@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "core/clsFrameSettings.h"
@@ -70,9 +71,13 @@ class Main_cls {
     /// What follows from settings that were just read: preferences are handed on, lights show their tracks,
     /// and a series that is too long is cut.
     void FinishReading();
-    /// Writes the configuration file into the program's folder; false when that cannot be.
+    /// Reads the configuration, once, before anything else: the usual file, which need not be there; another
+    /// one, which must; or none, for an empty path. False when it cannot be opened. Then the window may draw.
+    bool ReadConfiguration(const std::optional<wxString>& path);
+    /// Where the configuration is read and written; empty for nowhere.
+    const wxString& GetConfigPath() const { return mConfigPath; }
+    /// Writes the configuration file; false when that cannot be.
     bool QuitProcess();
-    wxString GetConfigPath() const;
 
     // Controllers
     // ---------------------------------------------------------------------------
@@ -102,7 +107,7 @@ class Main_cls {
     void DropState();
 
     // The order is the order of creation. Places of what is not built yet are named.
-    const wxString mProgramFolder;
+    wxString mConfigPath;
     DrawOption_cls mDrawOption;
     // FilterCtrl_cls; Exposure_cls, Information_cls, Overlay_cls
     PDataSeqCtrl_cls mSeqCtrl;

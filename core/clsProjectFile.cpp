@@ -150,7 +150,8 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
         return 0;
     }
     // The name goes into this very file, and into the configuration at quit.
-    if (!IsConfigFile(path)) mMain.GetFrameSettings().mLastOpenedFileVHP.SetText(path);
+    if (!IsConfigFile(path) && path != mMain.GetConfigPath())
+        mMain.GetFrameSettings().mLastOpenedFileVHP.SetText(path);
     mError = OutputFile_cls::WriteWhole(path, ToBytes(Serialize(full)), OutputFile_cls::Sync::Durable);
     if (!mError.empty()) return 0;
     if (full) GCUndoList.MarkSaved();
