@@ -93,7 +93,7 @@ TEST(RenderGLTest, PartsOfAFilmRenderedApartAreTheSameFiles) {
 TEST(RenderGLTest, AProjectSavedByOneRunLooksTheSameInAnother) {
     const TempFolder_cls folder;
     for (int i = 0; i < 4; ++i) {
-        const auto x = static_cast<float>(i);
+        const auto x = 0.2F * static_cast<float>(i);
         folder.Write("s000" + std::to_string(i) + ".dat", DefaultSnapshot(x, 2, {At(x, 0, 0), At(0, 1, 0)}));
     }
     const auto run = [&](const std::vector<std::string>& arguments) {
