@@ -31,7 +31,7 @@ void OnInterrupt(int) {
 }  // namespace
 
 Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
-    : mLine(std::move(line)), mMain(programFolder), mProject(mMain) {
+    : mLine(std::move(line)), mMain(programFolder), mProject(mMain.GetProjectFile()) {
     // On a terminal the lines would tear the progress bar apart.
     const bool terminal = isatty(STDOUT_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
     if (mLine.mQuiet || (terminal && !mLine.mVerbose)) SetDiagnosticsOn(false);
@@ -53,22 +53,18 @@ int Batch_cls::Run() {
 }
 
 int Batch_cls::Prepare() {
-    // A configuration file named by hand has to be there, the usual one need not.
-    if (!mLine.mConfig) {
-        mProject.ReadProjectFile(mMain.GetConfigPath());
-    } else if (!mLine.mConfig->empty() && !mProject.ReadProjectFile(*mLine.mConfig)) {
-        return kFailed;
-    }
+    if (!mMain.ReadConfiguration(mLine.mConfig)) return kFailed;
     if (IsProject()) {
-        if (!mProject.ReadProjectFile(mLine.mFile)) return kFailed;
+        if (!mProject.OpenProject(mLine.mFile)) return kFailed;
         if (mLine.mVerbose) {
             PrintError(wxString::Format("%s: %d lines belong to no setting", mLine.mFile,
                                         mProject.GetUnknownLines()));
         }
     }
     for (const wxString& setting : mLine.mSettings) {
-        if (mProject.ApplySetting(setting)) continue;
-        PrintError("--set " + setting + ": no setting has this key");
+        const wxString error = mProject.ApplySetting(setting);
+        if (error.empty()) continue;
+        PrintError("--set " + error);
         return kWrongUsage;
     }
     if (!IsProject()) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
@@ -185,6 +181,7 @@ int Batch_cls::Render() {
         PrintError(why);
         return kFailed;
     }
+    scene->SetBackground(mMain.GetPanelShared().mBackground.mValue);
     // The camera depends on the data only, so that parts of a film rendered apart fit together.
     if (const SnapData_cls* first = PrepareState(0.0)) scene->FitTo(*first);
     return DoFrames(*frames, [&](int frame, const wxString& name) {
@@ -211,18 +208,21 @@ int Batch_cls::Export() {
 
 wxString Batch_cls::WriteState(const wxString& name, double position) {
     const SnapData_cls* state = PrepareState(position);
-    if (!state) return WriteParticleState(name, {});
+    const DataExporter_cls& exporter = mMain.GetDataExporter();
+    if (!state) return WriteParticleState(name, {}, exporter);
     const PDataBlock_cls& block =
         mMain.GetSeqCtrl().GetActive().GetSnap(static_cast<int>(position)).GetBlock();
-    return WriteParticleState(name, {.mTime = state->GetTime(),
-                                     .mCount = state->GetCount(),
-                                     .mStride = state->GetStride(),
-                                     .mPosition = state->GetPosition(),
-                                     .mVelocity = block.GetVelocity(),
-                                     .mRadius = state->GetRadius(),
-                                     .mValue1 = state->GetValue1(),
-                                     .mType = state->GetType(),
-                                     .mID = block.GetID()});
+    return WriteParticleState(name,
+                              {.mTime = state->GetTime(),
+                               .mCount = state->GetCount(),
+                               .mStride = state->GetStride(),
+                               .mPosition = state->GetPosition(),
+                               .mVelocity = block.GetVelocity(),
+                               .mRadius = state->GetRadius(),
+                               .mValue1 = state->GetValue1(),
+                               .mType = state->GetType(),
+                               .mID = block.GetID()},
+                              exporter);
 }
 
 const SnapData_cls* Batch_cls::PrepareState(double position) {

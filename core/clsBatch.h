@@ -42,7 +42,7 @@ class Batch_cls {
 
     CommandLine_cls mLine;
     Main_cls mMain;
-    ProjectFile_cls mProject;
+    ProjectFile_cls& mProject;
     bool mAnyFault = false;
     bool mLeftoverTold = false;
     std::set<int> mMissing;

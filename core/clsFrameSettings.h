@@ -15,6 +15,7 @@ class FrameSettings_cls {
 
     wxString SerializeForConfigure() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
+    const ConfItemList_cls& GetItems() const { return mItems; }
 
     ConfItemSTR_cls mLastOpenedFileVHP;
     ConfItemSTR_cls mLastOpenedFileIMG;

@@ -26,7 +26,9 @@ constexpr int kCutLength = 8000;
 }  // namespace
 
 Main_cls::Main_cls(const wxString& programFolder)
-    : mProgramFolder(programFolder), mSeqCtrl(true), mTimeCtrl(MakeTimeHost()) {
+    : mConfigPath(programFolder + "/" + ProjectFile_cls::kConfigName),
+      mSeqCtrl(true),
+      mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
     mDataLoader.SetOpenCommand([this](const wxString& path) { OpenDataFileCommand(path); });
@@ -35,6 +37,8 @@ Main_cls::Main_cls(const wxString& programFolder)
         // The state on screen borrows from the snapshot it was made of.
         mSeqCtrl.GetSequence(i).SetReleaseObserver([this](const PDataBlock_cls&) { DropState(); });
     }
+    HangUpGroups();
+    mProjectFile = std::make_unique<ProjectFile_cls>(*this);
     ApplyPreferences();
 }
 
@@ -48,8 +52,27 @@ Main_cls::~Main_cls() {
     PDataBlock_cls::mspCPeriodicLink = nullptr;
 }
 
+void Main_cls::HangUpGroups() {
+    for (size_t i = 0; i < CameraPath_cls::kGroupCount; ++i)
+        mCameraGroup.AddChild(mCameraPath.GetGroup(static_cast<CameraPath_cls::Group>(i)));
+    for (int light = 0; light < LightSRCCtrl_cls::kLights; ++light) {
+        for (size_t i = 0; i < LightSRC_cls::kGroupCount; ++i)
+            mLightGroup.AddChild(mLightSRCCtrl.GetLight(light).GetGroup(static_cast<LightSRC_cls::Group>(i)));
+    }
+    mTimeGroups = {&mCameraGroup, &mLightGroup, &mTimeCtrl.GetRemapGroup()};
+}
+
 TimeHost_cls Main_cls::MakeTimeHost() {
     TimeHost_cls host;
+    host.forEachParameter = [this](const std::function<void(Parameters_cls&)>& function) {
+        for (ParamGroup_cls* tree : mTimeGroups) {
+            for (ParamGroup_cls* group : tree->GetChildren()) {
+                for (int i = 0; i < group->GetDimension(); ++i) {
+                    if (group->GetParameter(i).IsTimeDependent()) function(group->GetParameter(i));
+                }
+            }
+        }
+    };
     host.clearSnipping = [this] { mSeqCtrl.ClearSnipping(); };
     host.setSnipping = [this](int snapshot) { mSeqCtrl.SetSnipping(snapshot); };
     host.refreshViews = [] { EventSink_cls::PostToFrame(EventSink_cls::kRedraw); };
@@ -76,16 +99,19 @@ void Main_cls::CloseDataCommand() {
 void Main_cls::OpenDataFile(const wxString& path) {
     WaitThreadFinish();
     mSeqCtrl.OpenDataFile(path);
-    PDataSequence_cls& sequence = mSeqCtrl.GetActive();
-    if (sequence.GetFiles().GetCount() - 1 > kLastFrameOfAll) {
-        UserMessage_cls::Tell("Warning", wxString::Format("Max file sequence number is %d", kCutLength));
-        sequence.SetSeqLength(kCutLength);
-    }
+    CutLongSeries();
     // Areas that covered the whole scene before cover it after.
     const int before = mTimeCtrl.GetMaxFrame();
-    mTimeCtrl.SetMaxFrameNative(std::max(sequence.GetSeqLength() - 1, 0));
+    mTimeCtrl.SetMaxFrameNative(std::max(mSeqCtrl.GetActive().GetSeqLength() - 1, 0));
     mTimeCtrl.CheckAfterMaxFrameChange(before);
     EventSink_cls::PostToFrame(EventSink_cls::kRefreshPanels);
+}
+
+void Main_cls::CutLongSeries() {
+    PDataSequence_cls& sequence = mSeqCtrl.GetActive();
+    if (sequence.GetFiles().GetCount() - 1 <= kLastFrameOfAll) return;
+    UserMessage_cls::Tell("Warning", wxString::Format("Max file sequence number is %d", kCutLength));
+    sequence.SetSeqLength(kCutLength);
 }
 
 void Main_cls::CloseData() {
@@ -136,7 +162,13 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
 }
 
 Parameters_cls* Main_cls::GetPCParamFromID(const wxString& identifier) {
-    if (Parameters_cls* found = mTimeCtrl.GetRemapGroup().GetPCParamFromID(identifier)) return found;
+    for (ParamGroup_cls* tree : mTimeGroups) {
+        // A tree answers for its last child only, so each child is asked itself.
+        for (ParamGroup_cls* group : tree->GetChildren()) {
+            if (Parameters_cls* found = group->GetPCParamFromID(identifier)) return found;
+        }
+        if (Parameters_cls* found = tree->GetPCParamFromID(identifier)) return found;
+    }
     for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
         for (const auto& attribute : mSeqCtrl.GetSequence(i).GetAttributes()) {
             for (int curve = 0; curve < SnapAttribute_cls::kCurveCount; ++curve) {
@@ -154,10 +186,28 @@ void Main_cls::ApplyPreferences() {
                                  std::memory_order_relaxed);
 }
 
-wxString Main_cls::GetConfigPath() const {
-    return mProgramFolder + "/" + ProjectFile_cls::kConfigName;
+void Main_cls::FinishReading() {
+    ApplyPreferences();
+    CutLongSeries();
+    mLightSRCCtrl.UpdateShownTracks();
+}
+
+int Main_cls::SaveProjectFile(const wxString& path, bool full) {
+    return mProjectFile->SaveProjectFile(path, full);
+}
+
+bool Main_cls::ReadProjectFile(const wxString& path) {
+    return mProjectFile->ReadProjectFile(path);
+}
+
+bool Main_cls::ReadConfiguration(const std::optional<wxString>& path) {
+    if (path) mConfigPath = *path;
+    const bool read = mConfigPath.empty() || ReadProjectFile(mConfigPath);
+    EventSink_cls::PostToFrame(EventSink_cls::kRedraw);
+    EventSink_cls::PostToFrame(EventSink_cls::kRefreshPanels);
+    return read || !path;
 }
 
 bool Main_cls::QuitProcess() {
-    return ProjectFile_cls(*this).SaveProjectFile(GetConfigPath(), false) == 1;
+    return mConfigPath.empty() || SaveProjectFile(mConfigPath, false) == 1;
 }

@@ -2,17 +2,28 @@
 
 #include <wx/string.h>
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "core/clsFrameSettings.h"
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
 #include "interp/clsPeriodicBoundary.h"
+#include "output/clsDataExporter.h"
+#include "pov/clsPovRayCtrl.h"
 #include "render/clsDrawOption.h"
+#include "render/clsPanelSettings.h"
+#include "render/clsPanelShared.h"
+#include "render/clsShadowSettings.h"
+#include "scene/clsCameraPath.h"
+#include "scene/clsLightSRCCtrl.h"
 #include "timeline/clsTimeCtrl.h"
 
+class ProjectFile_cls;
 class SnapData_cls;
 
 /// The application: owns every long-lived controller, ties them together, opens and closes data as undoable
@@ -54,11 +65,19 @@ class Main_cls {
     /// A parameter anywhere in the groups, by its identifier.
     Parameters_cls* GetPCParamFromID(const wxString& identifier);
 
-    /// Preferences that others hold copies of are handed to them.
-    void ApplyPreferences();
-    /// Writes the configuration file into the program's folder; false when that cannot be.
+    ProjectFile_cls& GetProjectFile() { return *mProjectFile; }
+    int SaveProjectFile(const wxString& path, bool full);
+    bool ReadProjectFile(const wxString& path);
+    /// What follows from settings that were just read: preferences are handed on, lights show their tracks,
+    /// and a series that is too long is cut.
+    void FinishReading();
+    /// Reads the configuration, once, before anything else: the usual file, which need not be there; another
+    /// one, which must; or none, for an empty path. False when it cannot be opened. Then the window may draw.
+    bool ReadConfiguration(const std::optional<wxString>& path);
+    /// Where the configuration is read and written; empty for nowhere.
+    const wxString& GetConfigPath() const { return mConfigPath; }
+    /// Writes the configuration file; false when that cannot be.
     bool QuitProcess();
-    wxString GetConfigPath() const;
 
     // Controllers
     // ---------------------------------------------------------------------------
@@ -66,23 +85,55 @@ class Main_cls {
     DrawOption_cls& GetDrawOption() { return mDrawOption; }
     PDataSeqCtrl_cls& GetSeqCtrl() { return mSeqCtrl; }
     DataLoader_cls& GetDataLoader() { return mDataLoader; }
+    DataExporter_cls& GetDataExporter() { return mDataExporter; }
+    CameraPath_cls& GetCameraPath() { return mCameraPath; }
     TimeCtrl_cls& GetTimeCtrl() { return mTimeCtrl; }
-    PeriodicBoundary_cls& GetPeriodicBoundary() { return mPeriodicBoundary; }
-    Preference_cls& GetPreference() { return mPreference; }
     FrameSettings_cls& GetFrameSettings() { return mFrameSettings; }
+    PanelShared_cls& GetPanelShared() { return mPanelShared; }
+    ShadowSettings_cls& GetShadowSettings() { return mShadowSettings; }
+    PanelSettings_cls& GetPanelSettings(int panel) { return mPanelSettings.at(static_cast<size_t>(panel)); }
+    Preference_cls& GetPreference() { return mPreference; }
+    PeriodicBoundary_cls& GetPeriodicBoundary() { return mPeriodicBoundary; }
+    LightSRCCtrl_cls& GetLightSRCCtrl() { return mLightSRCCtrl; }
+    PovRayCtrl_cls& GetPovRayCtrl() { return mPovRayCtrl; }
+    /// The trees of the timeline, the camera's first.
+    const std::vector<ParamGroup_cls*>& GetTimeGroups() const { return mTimeGroups; }
 
   private:
     TimeHost_cls MakeTimeHost();
+    void HangUpGroups();
+    void ApplyPreferences();
+    void CutLongSeries();
     void DropState();
 
-    // The order is the order of creation.
-    const wxString mProgramFolder;
+    // The order is the order of creation. Places of what is not built yet are named.
+    wxString mConfigPath;
     DrawOption_cls mDrawOption;
+    // FilterCtrl_cls; Exposure_cls, Information_cls, Overlay_cls
     PDataSeqCtrl_cls mSeqCtrl;
     DataLoader_cls mDataLoader;
+    DataExporter_cls mDataExporter;
+    CameraPath_cls mCameraPath;
+    // AnchorPath_cls
     TimeCtrl_cls mTimeCtrl;
+    // FrameMain_cls; what it keeps is here without a window too
     FrameSettings_cls mFrameSettings;
-    PeriodicBoundary_cls mPeriodicBoundary;
+    PanelShared_cls mPanelShared;
+    ShadowSettings_cls mShadowSettings;
+    std::array<PanelSettings_cls, PanelSettings_cls::kPanels> mPanelSettings{
+        PanelSettings_cls(0), PanelSettings_cls(1), PanelSettings_cls(2), PanelSettings_cls(3)};
     Preference_cls mPreference;
+    PeriodicBoundary_cls mPeriodicBoundary;
+    // CameraPathCtrl_cls
+    LightSRCCtrl_cls mLightSRCCtrl;
+    // ColorCurveCtrl_cls, TexPropertyCtrl_cls
+    PovRayCtrl_cls mPovRayCtrl;
+    // ImgSequence_cls, StereoGram_cls
+    ParamGroup_cls mCameraGroup{"Camera Path"};
+    ParamGroup_cls mLightGroup{"Light Sources"};
+    // Scene_cls
+
+    std::vector<ParamGroup_cls*> mTimeGroups;
     std::unique_ptr<SnapData_cls> mState;
+    std::unique_ptr<ProjectFile_cls> mProjectFile;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/clsMain.h"
+#include "render/clsGLAttribute.h"
 #include "seam/clsInputFile.h"
 #include "seam/clsOutputFile.h"
 #include "seam/clsTextCoding.h"
@@ -13,8 +14,11 @@ std::atomic<bool> GbGLLockProjectLoading{false};
 
 namespace {
 
+constexpr int kConfigurationSections = 4;
 /// Longer files are no projects; what stands behind this is not read.
 constexpr uint64_t kMaxProjectByte = 256U << 20;
+/// So many lines outside of blocks mean the same: the rest is not looked at.
+constexpr int kMaxLines = 1000000;
 
 class ProjectLoadingLock_cls {
   public:
@@ -28,17 +32,9 @@ bool IsConfigFile(const wxString& path) {
     return path.EndsWith(ProjectFile_cls::kConfigName);
 }
 
-/// A section of plain key=value lines.
-template <class Object>
-std::function<bool(LineStream_cls&, const wxString&)> PlainReader(Object& object) {
-    return [&object](LineStream_cls&, const wxString& line) { return object.ReadStrLine(line); };
-}
-
-/// A section with blocks that are read from the stream.
-template <class Object>
-std::function<bool(LineStream_cls&, const wxString&)> BlockReader(Object& object) {
-    return
-        [&object](LineStream_cls& stream, const wxString& line) { return object.ReadStrLine(stream, line); };
+/// Settings begin with a key and blocks with a marker: most lines of files that are no projects do neither.
+bool MayBelongToSomeone(const wxString& line) {
+    return line.StartsWith("-") || line.find('=') != wxString::npos;
 }
 
 template <class Object>
@@ -46,26 +42,104 @@ std::function<wxString()> Writer(const Object& object) {
     return [&object] { return object.Serialize(); };
 }
 
+/// Reads plain key=value lines.
+template <class Object>
+std::function<bool(LineStream_cls&, const wxString&)> Plain(Object& object) {
+    return [&object](LineStream_cls&, const wxString& line) { return object.ReadStrLine(line); };
+}
+
+/// Reads blocks from the stream.
+template <class Object>
+std::function<bool(LineStream_cls&, const wxString&)> Block(Object& object) {
+    return
+        [&object](LineStream_cls& stream, const wxString& line) { return object.ReadStrLine(stream, line); };
+}
+
 }  // namespace
 
 ProjectFile_cls::ProjectFile_cls(Main_cls& main) : mMain(main) {
-    DataLoader_cls& loader = main.GetDataLoader();
-    FrameSettings_cls& frame = main.GetFrameSettings();
+    SetUpSections();
+    SetUpReaders();
+}
+
+void ProjectFile_cls::SetUpSections() {
+    Main_cls& main = mMain;
     mSections = {
-        {1, true, Writer(loader), PlainReader(loader)},
-        {3, true, [&frame] { return frame.SerializeForConfigure(); }, PlainReader(frame)},
-        {6, false, Writer(main.GetTimeCtrl()), BlockReader(main.GetTimeCtrl())},
-        {7, false, Writer(main.GetDrawOption()), PlainReader(main.GetDrawOption())},
-        {10, false, Writer(main.GetSeqCtrl()), BlockReader(main.GetSeqCtrl())},
-        {11, false, Writer(main.GetPeriodicBoundary()), PlainReader(main.GetPeriodicBoundary())},
-        {17, false, Writer(main.GetPreference()), PlainReader(main.GetPreference())},
+        {1, Writer(main.GetDataLoader())},
+        {2, Writer(main.GetDataExporter())},
+        {3, [&main] { return main.GetFrameSettings().SerializeForConfigure(); }},
+        {4, [&main] { return main.GetPovRayCtrl().SerializeForConfigure(); }},
+        // 5: the upper half of the main window
+        {6, Writer(main.GetTimeCtrl())},
+        {7, Writer(main.GetDrawOption())},
+        // 8: Overlay_cls, 9: Exposure_cls
+        {10, Writer(main.GetSeqCtrl())},
+        {11, Writer(main.GetPeriodicBoundary())},
+        {12, Writer(main.GetCameraPath())},
+        // 13: AnchorPath_cls
+        {14, Writer(main.GetLightSRCCtrl())},
+        // 15: StereoGram_cls
+        {16, Writer(main.GetPovRayCtrl())},
+        {17, Writer(main.GetPreference())},
+        {18, Writer(main.GetPanelShared())},
+        {19, Writer(main.GetShadowSettings())},
+        {20, Writer(main.GetPanelSettings(0))},
+        {20, Writer(main.GetPanelSettings(1))},
+        {20, Writer(main.GetPanelSettings(2))},
+        {20, Writer(main.GetPanelSettings(3))},
+        // 21: FilterCtrl_cls, three times
     };
+}
+
+void ProjectFile_cls::SetUpReaders() {
+    Main_cls& main = mMain;
+    Lists attributes;
+    for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
+        for (const auto& attribute : main.GetSeqCtrl().GetSequence(i).GetAttributes()) {
+            attributes.push_back(&attribute->GetItems());
+            for (int curve = 0; curve < SnapAttribute_cls::kCurveCount; ++curve)
+                attributes.push_back(&attribute->GetCurve(curve).GetItems());
+        }
+    }
+    Lists lights;
+    for (int i = 0; i < LightSRCCtrl_cls::kLights; ++i)
+        lights.push_back(&main.GetLightSRCCtrl().GetLight(i).GetItems());
+    const auto shared = Plain(main.GetPanelShared());
+    mReaders = {
+        {Plain(main.GetDataLoader()), {&main.GetDataLoader().GetItems()}},
+        {Plain(main.GetDataExporter()), {&main.GetDataExporter().GetItems()}},
+        {Plain(main.GetFrameSettings()), {&main.GetFrameSettings().GetItems()}},
+        {Block(main.GetTimeCtrl()), {&main.GetTimeCtrl().GetSettings().GetItems()}},
+        {Plain(main.GetDrawOption()), {&main.GetDrawOption().GetItems()}},
+        // Overlay_cls, Exposure_cls
+        {Block(main.GetSeqCtrl()), attributes},
+        {Plain(main.GetPeriodicBoundary()), {&main.GetPeriodicBoundary().GetItems()}},
+        {Block(main.GetCameraPath()), {}},
+        // AnchorPath_cls
+        {Block(main.GetLightSRCCtrl()), lights},
+        // StereoGram_cls
+        {Plain(main.GetPovRayCtrl()), main.GetPovRayCtrl().GetLists()},
+        {Plain(main.GetPreference()), {&main.GetPreference().GetItems()}},
+        {shared, {&main.GetPanelShared().GetItems()}},
+        {Plain(main.GetShadowSettings()), {&main.GetShadowSettings().GetItems()}},
+        // Where the panels' own settings were written the shared ones are read once more: a project leaves
+        // the panels of the session as they are.
+        {shared, {}},
+        {shared, {}},
+        {shared, {}},
+        {shared, {}},
+        // FilterCtrl_cls, three times
+    };
+    for (int i = 0; i < PanelSettings_cls::kPanels; ++i) {
+        PanelSettings_cls& panel = main.GetPanelSettings(i);
+        mSessionReaders.push_back({Plain(panel), {&panel.GetItems()}});
+    }
 }
 
 wxString ProjectFile_cls::Serialize(bool full) const {
     wxString text;
     for (const Section& section : mSections) {
-        if (full || section.configuration) text += section.serialize();
+        if (full || section.number <= kConfigurationSections) text += section.serialize();
     }
     return text;
 }
@@ -76,7 +150,8 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
         return 0;
     }
     // The name goes into this very file, and into the configuration at quit.
-    if (!IsConfigFile(path)) mMain.GetFrameSettings().mLastOpenedFileVHP.SetText(path);
+    if (!IsConfigFile(path) && path != mMain.GetConfigPath())
+        mMain.GetFrameSettings().mLastOpenedFileVHP.SetText(path);
     mError = OutputFile_cls::WriteWhole(path, ToBytes(Serialize(full)), OutputFile_cls::Sync::Durable);
     if (!mError.empty()) return 0;
     if (full) GCUndoList.MarkSaved();
@@ -85,8 +160,13 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
 
 bool ProjectFile_cls::Offer(LineStream_cls& stream, const wxString& line) {
     bool taken = false;
-    for (const Section& section : mSections) taken = section.read(stream, line) || taken;
+    for (const Reader& reader : mReaders) taken = reader.read(stream, line) || taken;
     return taken;
+}
+
+bool ProjectFile_cls::OpenProject(const wxString& path) {
+    mMain.CloseData();
+    return ReadProjectFile(path);
 }
 
 bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
@@ -102,26 +182,44 @@ bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
     LineStream_cls stream(std::move(bytes));
     mUnknownLines = 0;
     wxString line;
-    while (stream.ReadLine(line)) mUnknownLines += Offer(stream, line) ? 0 : 1;
-    mMain.ApplyPreferences();
+    for (int i = 0; i < kMaxLines && stream.ReadLine(line); ++i) {
+        if (MayBelongToSomeone(line) && (Offer(stream, line) || IsSessionLine(line))) continue;
+        ++mUnknownLines;
+    }
+    mMain.FinishReading();
     GCUndoList.Clear();
     return true;
 }
 
-bool ProjectFile_cls::ApplySetting(const wxString& line) {
-    if (mKeys.empty()) {
-        const wxString text = Serialize(true);
-        for (size_t begin = 0; begin < text.length();) {
-            const size_t end = std::min(text.find('\n', begin), text.length());
-            const size_t equals = text.find('=', begin);
-            if (equals < end) mKeys.insert(text.substr(begin, equals + 1 - begin));
-            begin = end + 1;
+const ConfItem_cls* ProjectFile_cls::Find(const std::vector<Reader>& readers, const wxString& key,
+                                          const Reader** reader) {
+    for (const Reader& candidate : readers) {
+        for (const ConfItemList_cls* list : candidate.lists) {
+            if (const ConfItem_cls* item = list->GetPCItem(key)) {
+                *reader = &candidate;
+                return item;
+            }
         }
     }
-    // Readers look for their key anywhere in the line; by hand it has to stand at the beginning.
-    if (!mKeys.count(line.BeforeFirst('=') + "=")) return false;
+    return nullptr;
+}
+
+bool ProjectFile_cls::IsSessionLine(const wxString& line) const {
+    const Reader* reader = nullptr;
+    return Find(mSessionReaders, line.BeforeFirst('=') + "=", &reader) != nullptr;
+}
+
+wxString ProjectFile_cls::ApplySetting(const wxString& line) {
+    const wxString key = line.BeforeFirst('=') + "=";
+    const Reader* reader = nullptr;
+    const ConfItem_cls* item = Find(mReaders, key, &reader);
+    if (!item) item = Find(mSessionReaders, key, &reader);
+    if (!item) return line + ": no setting has this key";
+    if (!item->Accepts(line.AfterFirst('='))) {
+        return line + ": " + key.BeforeFirst('=') + " takes " + item->GetValueWords();
+    }
     LineStream_cls nothing{std::string()};
-    const bool taken = Offer(nothing, line);
-    mMain.ApplyPreferences();
-    return taken;
+    reader->read(nothing, line);
+    mMain.FinishReading();
+    return {};
 }

@@ -4,20 +4,22 @@
 
 #include <atomic>
 #include <functional>
-#include <set>
 #include <vector>
 
 #include "seam/clsLineStream.h"
 
+class ConfItem_cls;
+class ConfItemList_cls;
 class Main_cls;
 
 /// Set while a project is read: the view panels do not draw.
 extern std::atomic<bool> GbGLLockProjectLoading;
 
 /// Writes the whole state as a project, reads it back, and takes single settings by hand.
-/// The sections stand in one list, in the order in which they are written; sections of objects that do not
-/// exist yet are missing in it, and their lines in a file are passed over. Threads: GUI thread. Failure: a
-/// file that cannot be written leaves the old one whole; of a file that is no project nothing is taken.
+/// Two lists say it all: the sections in the order of writing, and the readers in the order in which every
+/// line is offered to all of them. Objects that do not exist yet are named in both at their place; their
+/// lines in a file are passed over. Owned by the application core. Threads: GUI thread. Failure: a file that
+/// cannot be written leaves the old one whole; of a file that is no project nothing is taken.
 class ProjectFile_cls {
   public:
     static constexpr const char* kConfigName = "Varnholt3Configure.txt";
@@ -29,28 +31,43 @@ class ProjectFile_cls {
     /// Why the last save failed, with the file's name.
     const wxString& GetError() const { return mError; }
 
-    /// Reads every line that some section knows; the others are counted. False when the file cannot be
-    /// opened, which the user is told unless it is the configuration file.
+    /// Closes the data and reads a project.
+    bool OpenProject(const wxString& path);
+    /// Reads every line that some reader knows; the others are counted. What the file does not mention keeps
+    /// its value. False when the file cannot be opened, which the user is told unless it is the configuration
+    /// file.
     bool ReadProjectFile(const wxString& path);
     int GetUnknownLines() const { return mUnknownLines; }
 
-    /// Takes one KEY=VALUE line of a project. False when no setting has the key.
-    bool ApplySetting(const wxString& line);
+    /// Takes one KEY=VALUE line by hand. Stricter than a file: the key has to stand at the beginning, and a
+    /// number has to be one. Empty, or what is wrong.
+    wxString ApplySetting(const wxString& line);
 
   private:
     struct Section {
-        int number;          ///< place in the file
-        bool configuration;  ///< also written to the configuration file
+        int number;  ///< place in the file
         std::function<wxString()> serialize;
+    };
+    using Lists = std::vector<const ConfItemList_cls*>;
+    struct Reader {
         std::function<bool(LineStream_cls&, const wxString&)> read;
+        Lists lists;  ///< the settings of one line each
     };
 
+    void SetUpSections();
+    void SetUpReaders();
     wxString Serialize(bool full) const;
     bool Offer(LineStream_cls& stream, const wxString& line);
+    /// The reader and the item with this key; null when there is none.
+    static const ConfItem_cls* Find(const std::vector<Reader>& readers, const wxString& key,
+                                    const Reader** reader);
+    bool IsSessionLine(const wxString& line) const;
 
     Main_cls& mMain;
     std::vector<Section> mSections;
-    std::set<wxString> mKeys;  ///< every key that a full project holds; filled when first needed
+    std::vector<Reader> mReaders;
+    /// The panels' own settings: written, taken by hand, but not from a file.
+    std::vector<Reader> mSessionReaders;
     wxString mError;
     int mUnknownLines = 0;
 };

@@ -40,6 +40,7 @@ class GrammerBase_cls {
     bool IsItemExistHead(int code) const;
     bool IsItemExistBody(int code) const;
     bool IsText() const { return mDataType.mValue != kBinary; }
+    void SetText(bool text) { mDataType.mValue = text ? kText : kBinary; }
     /// The six codes of the 40-byte record in their default order.
     bool IsDefaultRecord() const;
 

@@ -251,7 +251,8 @@ void PDataBlock_cls::FreeArrays() {
 }
 
 void PDataBlock_cls::ReleaseData() {
-    FreeArrays();
+    // Closing data comes here for every snapshot there could be.
+    if (IsAllocated()) FreeArrays();
     mAllocated = -1;
     mCount = -1;
 }

@@ -120,7 +120,7 @@ void PDataSnap_cls::ReleaseData() {
     const bool ownRates = mInterpolationRequested && !IsInterpolated();
     const bool othersRates = mPrevious && mPrevious->mInterpolationRequested && !mPrevious->IsInterpolated();
     if (ownRates || othersRates) WaitThreadInterpolate(*this, IsBusy());
-    mSequence.BlockIsReleased(*mBlock);
+    if (mBlock->IsAllocated()) mSequence.BlockIsReleased(*mBlock);
     mBlock->ReleaseData();
     mReadRequested = false;
     mLoaded.store(false, std::memory_order_release);

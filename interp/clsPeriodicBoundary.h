@@ -34,6 +34,7 @@ class PeriodicBoundary_cls {
 
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
+    const ConfItemList_cls& GetItems() const { return mItems; }
 
     ConfItemUINT_cls mType;
     ConfItemFLOATARRAY_cls mSize;

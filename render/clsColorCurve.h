@@ -89,6 +89,7 @@ class ColorCurve_cls {
     wxString Serialize() const;
     /// True when the line is one of this curve's; further lines of its keys are then read from the stream.
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);
+    const ConfItemList_cls& GetItems() const { return mItems; }
 
     ConfItemBOOL_cls mUseColorCurve;
     ConfItemFLOATARRAY_cls mConstantColor;

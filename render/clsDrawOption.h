@@ -24,6 +24,7 @@ class DrawOption_cls {
 
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
+    const ConfItemList_cls& GetItems() const { return mItems; }
 
     ConfItemINT_cls mDownSizing;
     ConfItemUINT_cls mSortOrder;

@@ -69,6 +69,8 @@ wxString GLAttribute_cls::Serialize() const {
 }
 
 bool GLAttribute_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
+    // All keys and group names hold the prefix; most lines of a project belong to others.
+    if (line.find(mPrefix) == wxString::npos) return false;
     return mItems.ReadStrLineAll(line) || std::any_of(mCurves.begin(), mCurves.end(), [&](const auto& curve) {
                return curve->ReadStrLine(stream, line);
            });

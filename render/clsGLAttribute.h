@@ -54,6 +54,7 @@ class GLAttribute_cls {
 
     wxString Serialize() const;
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);
+    const ConfItemList_cls& GetItems() const { return mItems; }
 
     ConfItemUINT_cls mDrawType;  ///< SnapAttribute_cls::DrawType
     ConfItemUINT_cls mDrawQuality;

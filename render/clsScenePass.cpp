@@ -54,7 +54,7 @@ std::vector<uint8_t> ScenePass_cls::Draw(const SnapData_cls* state) {
     glLoadIdentity();
     mCamera.LookOnGL();
 
-    glClearColor(0.02F, 0.02F, 0.035F, 1.0F);
+    glClearColor(mBackground[0], mBackground[1], mBackground[2], 1.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     if (state && state->GetCount() > 0) {
         const size_t shown = static_cast<size_t>(state->GetCount()) / static_cast<size_t>(state->GetStride());

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "render/clsGLPerspective.h"
@@ -19,6 +22,8 @@ class ScenePass_cls {
 
     /// The camera of all frames: placed so that these particles fill the picture.
     void FitTo(const SnapData_cls& state);
+    /// Red, green and blue, 0 to 1, of what no particle covers.
+    void SetBackground(std::span<const float> colour) { std::copy_n(colour.begin(), 3, mBackground.begin()); }
     /// Draws particles as points and returns the picture, three bytes a pixel, top row first. Null: no
     /// particles.
     std::vector<uint8_t> Draw(const SnapData_cls* state);
@@ -30,6 +35,7 @@ class ScenePass_cls {
     std::unique_ptr<OffscreenContext_cls> mContext;
     std::unique_ptr<OffscreenBuffer_cls> mBuffer;
     PositionAndDirection_cls mCamera;
+    std::array<float, 3> mBackground{};
     double mNear = 0.03;
     double mFar = 5000.0;
 };

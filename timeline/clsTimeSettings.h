@@ -36,6 +36,7 @@ class TimeSettings_cls {
     void SetToDefault();
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
+    const ConfItemList_cls& GetItems() const { return mItems; }
 
     int GetMaxFrame() const;
     FrameRange GetWorkArea() const;

@@ -2,7 +2,9 @@
 
 #include <locale.h>
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <locale>
 #include <sstream>
@@ -50,10 +52,8 @@ wxString ConfItemSTR_cls::Serialize() const {
     return mKey + mValueText + "\n";
 }
 
-// A blank in the first position is not counted, so a leading blank does not make an element; two blanks in a
-// row do. Default texts have single blanks. The dimension is bounded by the storage: the program stops rather
-// than write past it. Only default texts of the program's own code are counted here. The assertion's message
-// has always named line 62.
+// A blank in the first position makes no element, two blanks in a row do. Only default texts of the program's
+// own code come here; rather than write past the storage the program stops, as always naming line 62.
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the assertion names this very signature.
 unsigned int ConfArray_cls::CountDimension(wxString text) {
@@ -86,6 +86,18 @@ std::string FormatNumber(Args... args) {
     return {buffer, error == std::errc() ? end : buffer};
 }
 
+/// A whole text that is one number, in the range of its type and finite.
+template <class Number>
+bool IsNumber(const std::string& text) {
+    Number number{};
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if constexpr (std::is_floating_point_v<Number>) {
+        if (!std::isfinite(number)) return false;
+    }
+    return error == std::errc() && stop == end;
+}
+
 std::string ToAscii(const wxString& text) {
     // Characters outside ASCII become one that no number contains, so parsing stops there.
     return std::string(text.ToAscii('?').data());
@@ -99,12 +111,18 @@ std::string ConfInt_cls::Format(Value value) {
 ConfInt_cls::Value ConfInt_cls::Parse(const std::string& text) {
     return static_cast<Value>(ParseLong(text));
 }
+bool ConfInt_cls::IsValue(const std::string& text) {
+    return IsNumber<int>(text);
+}
 
 std::string ConfUInt_cls::Format(Value value) {
     return FormatNumber(value);
 }
 ConfUInt_cls::Value ConfUInt_cls::Parse(const std::string& text) {
     return static_cast<Value>(ParseLong(text));
+}
+bool ConfUInt_cls::IsValue(const std::string& text) {
+    return IsNumber<unsigned int>(text);
 }
 
 std::string ConfFloat_cls::Format(Value value) {
@@ -113,6 +131,9 @@ std::string ConfFloat_cls::Format(Value value) {
 ConfFloat_cls::Value ConfFloat_cls::Parse(const std::string& text) {
     return static_cast<Value>(ParseDouble(text));
 }
+bool ConfFloat_cls::IsValue(const std::string& text) {
+    return IsNumber<float>(text);
+}
 
 std::string ConfDouble_cls::Format(Value value) {
     return FormatNumber(value, std::chars_format::general, 6);
@@ -120,12 +141,18 @@ std::string ConfDouble_cls::Format(Value value) {
 ConfDouble_cls::Value ConfDouble_cls::Parse(const std::string& text) {
     return ParseDouble(text);
 }
+bool ConfDouble_cls::IsValue(const std::string& text) {
+    return IsNumber<double>(text);
+}
 
 std::string ConfBool_cls::Format(Value value) {
     return value ? "1" : "0";
 }
 ConfBool_cls::Value ConfBool_cls::Parse(const std::string& text) {
     return ParseLong(text) != 0;
+}
+bool ConfBool_cls::IsValue(const std::string& text) {
+    return text == "0" || text == "1";
 }
 
 template <class Kind, int kCode>
@@ -161,6 +188,11 @@ void ConfItemScalar_cls<Kind, kCode>::CopyValueFrom(const ConfItem_cls& other) {
 template <class Kind, int kCode>
 int ConfItemScalar_cls<Kind, kCode>::FindElement(const void* address) const {
     return Kind::kFindable && address == &mValue ? 0 : -1;
+}
+
+template <class Kind, int kCode>
+bool ConfItemScalar_cls<Kind, kCode>::Accepts(const wxString& value) const {
+    return Kind::IsValue(ToAscii(value));
 }
 
 template <class Kind, int kCode>
@@ -216,6 +248,29 @@ int ConfItemArray_cls<Kind, kCode>::FindElement(const void* address) const {
         if (address == &mValue[i]) return static_cast<int>(i);
     }
     return -1;
+}
+
+template <class Kind, int kCode>
+bool ConfItemArray_cls<Kind, kCode>::Accepts(const wxString& value) const {
+    const std::string text = ToAscii(value);
+    unsigned int count = 0;
+    for (size_t begin = 0; begin <= text.size(); ++count) {
+        const size_t end = std::min(text.find(' ', begin), text.size());
+        if (count == kMaxDimension || !Kind::IsValue(text.substr(begin, end - begin))) return false;
+        begin = end + 1;
+    }
+    return kCode == 3 || count == dimension;
+}
+
+template <class Kind, int kCode>
+wxString ConfItemScalar_cls<Kind, kCode>::GetValueWords() const {
+    return wxString("one value: ") + Kind::kWords;
+}
+
+template <class Kind, int kCode>
+wxString ConfItemArray_cls<Kind, kCode>::GetValueWords() const {
+    const wxString number = kCode == 3 ? wxString("1 to 16") : wxString::Format("%u", dimension);
+    return number + " values with blanks between them, each: " + Kind::kWords;
 }
 
 template class ConfItemScalar_cls<ConfInt_cls, 2>;

@@ -27,6 +27,11 @@ class ConfItem_cls {
     /// Index of the value element at the address, -1 when it is not here or this class takes no part in it.
     virtual int FindElement(const void* address) const = 0;
     virtual bool IsArray() const = 0;
+    /// Whether the text is a value of this kind and nothing else. Reading a line never asks: it takes what it
+    /// can. For settings given by hand, where a slip should be told.
+    virtual bool Accepts(const wxString& value) const = 0;
+    /// What Accepts() is true for, in words.
+    virtual wxString GetValueWords() const = 0;
 
     /// Looks for the key and stores the value text: the first two steps of every ReadStrLine().
     bool ReadStrLineBase(const wxString& line);
@@ -77,6 +82,8 @@ class ConfItemSTR_cls final : public ConfItem_cls {
     void CopyValueFrom(const ConfItem_cls&) override {}  // the text itself is copied by the base
     int FindElement(const void*) const override { return -1; }
     bool IsArray() const override { return false; }
+    bool Accepts(const wxString& value) const override { return !value.Contains("\n"); }
+    wxString GetValueWords() const override { return "one line of text"; }
 
     void SetText(const wxString& text) { mValueText = text; }
 };
@@ -89,30 +96,40 @@ struct ConfInt_cls {
     static constexpr bool kFindable = true;
     static std::string Format(Value value);
     static Value Parse(const std::string& text);
+    static bool IsValue(const std::string& text);
+    static constexpr const char* kWords = "whole number";
 };
 struct ConfUInt_cls {
     using Value = unsigned int;
     static constexpr bool kFindable = true;
     static std::string Format(Value value);
     static Value Parse(const std::string& text);
+    static bool IsValue(const std::string& text);
+    static constexpr const char* kWords = "whole number from 0 on";
 };
 struct ConfFloat_cls {
     using Value = float;
     static constexpr bool kFindable = true;
     static std::string Format(Value value);
     static Value Parse(const std::string& text);
+    static bool IsValue(const std::string& text);
+    static constexpr const char* kWords = "number";
 };
 struct ConfDouble_cls {
     using Value = double;
     static constexpr bool kFindable = true;
     static std::string Format(Value value);
     static Value Parse(const std::string& text);
+    static bool IsValue(const std::string& text);
+    static constexpr const char* kWords = "number";
 };
 struct ConfBool_cls {
     using Value = bool;
     static constexpr bool kFindable = false;
     static std::string Format(Value value);
     static Value Parse(const std::string& text);
+    static bool IsValue(const std::string& text);
+    static constexpr const char* kWords = "0 or 1";
 };
 
 /// A single value. mValue is public: widgets and undo commands are bound to it by address.
@@ -133,6 +150,8 @@ class ConfItemScalar_cls final : public ConfItem_cls {
     void CopyValueFrom(const ConfItem_cls& other) override;
     int FindElement(const void* address) const override;
     bool IsArray() const override { return false; }
+    bool Accepts(const wxString& value) const override;
+    wxString GetValueWords() const override;
 
     Value mValue{};
 };
@@ -158,6 +177,9 @@ class ConfItemArray_cls final : public ConfItem_cls, public ConfArray_cls {
     void CopyValueFrom(const ConfItem_cls& other) override;
     int FindElement(const void* address) const override;
     bool IsArray() const override { return true; }
+    /// As many numbers as there are elements, or 1 to 16 integers; single blanks between them.
+    bool Accepts(const wxString& value) const override;
+    wxString GetValueWords() const override;
 
     std::array<Value, kMaxDimension> mValue{};
 };

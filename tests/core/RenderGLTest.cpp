@@ -90,6 +90,38 @@ TEST(RenderGLTest, PartsOfAFilmRenderedApartAreTheSameFiles) {
     }
 }
 
+TEST(RenderGLTest, AProjectSavedByOneRunLooksTheSameInAnother) {
+    const TempFolder_cls folder;
+    for (int i = 0; i < 4; ++i) {
+        const auto x = 0.2F * static_cast<float>(i);
+        folder.Write("s000" + std::to_string(i) + ".dat", DefaultSnapshot(x, 2, {At(x, 0, 0), At(0, 1, 0)}));
+    }
+    const auto run = [&](const std::vector<std::string>& arguments) {
+        const auto result = RunProgram(arguments, folder.Path());
+        EXPECT_EQ(result.status, 0) << result.err;
+    };
+    const auto picture = [&](const std::string& project) {
+        run({"--no-config", "--render", "p.png", project, "--frames", "2", "--size", "64x48"});
+        return ReadWholeFile(folder.File("p.png"));
+    };
+    run({"--no-config", "--save", "plain.vhp", "s0000.dat"});
+    const std::string remap =
+        "TimeUseTimeRemap=1\n---TimeRemap\n-ParamGroup=Time\nStart\nParameter_Time Remap\nitemnum 2\n"
+        "0 0 0 0 0\n1 0 1.5 0 0\n";
+    const std::string curve =
+        "SEQ0TYPE0ColUseColorCurve=1\n-ParamGroup=SEQ0TYPE0Col ColorCurve\nStart\nParameter_R\nitemnum 1\n"
+        "0 0 0 0 0\nParameter_G\nitemnum 2\n0 0 0 0 0\n1 0 1 0 0\n";
+    const std::string camera =
+        "---CameraPath\n-ParamGroup=Camera Position\nStart\nParameter_CameraPositionX\ntimeDepend=1\n"
+        "itemnum 2\n0 0 0 0 0\n1 1 5 0 0\n---CameraPath\n";
+    folder.Write("keys.vhp", ReadWholeFile(folder.File("plain.vhp")) + remap + curve + camera);
+    const std::string before = picture("keys.vhp");
+    EXPECT_FALSE(before == picture("plain.vhp")) << "the remap shows another instant";
+    run({"--no-config", "--save", "saved.vhp", "keys.vhp"});
+    EXPECT_TRUE(before == picture("saved.vhp"));
+    EXPECT_NE(ReadWholeFile(folder.File("saved.vhp")).find("1.000000000 1 5.000000"), std::string::npos);
+}
+
 TEST(RenderGLTest, TheDemosFormatsHoldTheSamePicture) {
     const TempFolder_cls folder;
     const auto make = [&](const std::string& options) {

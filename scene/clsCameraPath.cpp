@@ -1,0 +1,88 @@
+#include "scene/clsCameraPath.h"
+
+#include <algorithm>
+
+#include "seam/clsLineStream.h"
+
+namespace {
+
+constexpr const char* kMarker = "---CameraPath";
+constexpr double kDefaultAngle = 35.0;
+
+std::unique_ptr<ParamGroup_cls> MakeGroup(const wxString& what, const std::vector<wxString>& components,
+                                          const std::shared_ptr<const ParamHost_cls>& host) {
+    const wxString name = "Camera" + what;
+    // A component's name is its identifier in POV-Ray text, so it stands for itself.
+    std::vector<wxString> names;
+    for (const wxString& component : components) names.push_back(name + component);
+    return std::make_unique<ParamGroup_cls>("Camera " + what, static_cast<int>(names.size()), names, name,
+                                            false, host);
+}
+
+}  // namespace
+
+CameraPath_cls::CameraPath_cls(const std::shared_ptr<const ParamHost_cls>& host) {
+    mGroups[kPosition] = MakeGroup("Position", {"X", "Y", "Z"}, host);
+    mGroups[kDirection] = MakeGroup("Direction", {"X", "Y", "Z"}, host);
+    mGroups[kUp] = MakeGroup("Up", {"X", "Y", "Z"}, host);
+    mGroups[kAngle] = MakeGroup("Angle", {""}, host);
+    mGroups[kAnchor] = MakeGroup("Anchor", {"X", "Y", "Z"}, host);
+    SetToDefault();
+}
+
+void CameraPath_cls::SetToDefault() {
+    const PositionAndDirection_cls pose;
+    const auto set = [this](Group which, const Vector3& values) {
+        ParamGroup_cls& group = *mGroups[which];
+        group.SetTimeDependent(false);
+        for (int i = 0; i < group.GetDimension(); ++i)
+            group.GetParameter(i).InitSet(values[static_cast<size_t>(i)]);
+    };
+    set(kPosition, pose.mPosition);
+    set(kDirection, pose.mDirection);
+    set(kUp, pose.mUp);
+    set(kAngle, {kDefaultAngle});
+    set(kAnchor, pose.mAnchor);
+}
+
+Vector3 CameraPath_cls::GetVector(Group which, double t) const {
+    Vector3 vector{};
+    for (int i = 0; i < 3; ++i) {
+        vector[static_cast<size_t>(i)] =
+            mGroups[which]->GetParameter(i).Evaluate(t, Parameters_cls::msResolution);
+    }
+    return vector;
+}
+
+PositionAndDirection_cls CameraPath_cls::GetPose(double t) const {
+    return {.mPosition = GetVector(kPosition, t),
+            .mDirection = GetVector(kDirection, t),
+            .mUp = GetVector(kUp, t),
+            .mAnchor = GetVector(kAnchor, t)};
+}
+
+double CameraPath_cls::GetAngle(double t) const {
+    return mGroups[kAngle]->GetParameter(0).Evaluate(t, Parameters_cls::msResolution);
+}
+
+wxString CameraPath_cls::Serialize() const {
+    wxString text = wxString(kMarker) + "\n";
+    for (const auto& group : mGroups) text += group->Serialize();
+    return text + kMarker + "\n";
+}
+
+bool CameraPath_cls::ReadGroup(LineStream_cls& stream, const wxString& line) {
+    return std::any_of(mGroups.begin(), mGroups.end(),
+                       [&](const auto& group) { return group->ReadStrLine(stream, line); });
+}
+
+bool CameraPath_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
+    if (line != kMarker) return ReadGroup(stream, line);
+    wxString next;
+    while (stream.ReadLine(next) && next != kMarker) {
+        if (ReadGroup(stream, next)) continue;
+        stream.PutBack();  // the closing marker is missing
+        break;
+    }
+    return true;
+}
