@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <charconv>
 #include <map>
 #include <regex>
 #include <set>
-#include <sstream>
 
 #include "core/clsMain.h"
 #include "core/clsProjectFile.h"
@@ -16,7 +14,6 @@ namespace {
 struct Entry_cls {
     std::string type;
     std::string value;
-    bool operator==(const Entry_cls&) const = default;
 };
 
 /// Key, type and default of each row of the tables.
@@ -33,32 +30,25 @@ std::map<std::string, Entry_cls> ReadDocument() {
     return entries;
 }
 
-/// "1 0.8 0" and "1.000000 0.800000 0.000000" are the same numbers.
+/// Numbers without the zeros at their ends, so that "1 0.8" and "1.000000 0.800000" are the same.
 std::string Plain(const std::string& value) {
-    std::istringstream words(value);
-    std::string plain;
-    for (std::string word; words >> word;) {
-        double number = 0.0;
-        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-        const bool whole = error == std::errc() && end == word.data() + word.size();
-        std::ostringstream text;
-        if (whole)
-            text << number;
-        else
-            text << word;
-        plain += (plain.empty() ? "" : " ") + text.str();
-    }
-    return plain;
+    return std::regex_replace(std::regex_replace(value, std::regex("(\\.\\d*?)0+(?= |$)"), "$1"),
+                              std::regex("\\.(?= |$)"), "");
 }
 
 /// Whether the value of a written line can be of the type that the document gives.
 bool Fits(const std::string& type, const std::string& value) {
-    if (type == "switch") return value == "0" || value == "1";
-    if (type == "float") return std::regex_match(value, std::regex("-?\\d+\\.\\d{6}"));
-    if (type == "3 floats") return std::regex_match(value, std::regex("(-?\\d+\\.\\d{6} ?){3}"));
-    if (type == "4 floats") return std::regex_match(value, std::regex("(-?\\d+\\.\\d{6} ?){4}"));
-    if (type == "integer" || type == "unsigned") return std::regex_match(value, std::regex("\\d+"));
-    if (type == "1 to 16 integers") return std::regex_match(value, std::regex("[\\d ]+"));
+    const std::map<std::string, std::string> forms = {
+        {"switch", "[01]"},
+        {"integer", "\\d+"},
+        {"unsigned", "\\d+"},
+        {"1 to 16 integers", "[\\d ]+"},
+        {"float", "-?\\d+\\.\\d{6}"},
+        {"3 floats", "(-?\\d+\\.\\d{6} ?){3}"},
+        {"4 floats", "(-?\\d+\\.\\d{6} ?){4}"},
+    };
+    const auto form = forms.find(type);
+    if (form != forms.end()) return std::regex_match(value, std::regex(form->second));
     return type.starts_with("text");
 }
 
