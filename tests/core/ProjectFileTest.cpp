@@ -275,12 +275,14 @@ TEST_F(ProjectFileTest, AKillAtAnyMomentLeavesAWholeFile) {
     };
     ASSERT_TRUE(save(1));
     std::set<std::string> whole = {ReadWholeFile(target)};
+    const auto begin = std::chrono::steady_clock::now();
     ASSERT_TRUE(save(2));
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
     whole.insert(ReadWholeFile(target));
     ASSERT_EQ(whole.size(), 2U);
 
     std::mt19937 random(7);
-    std::uniform_int_distribution<int> delay(0, 8000);
+    std::uniform_real_distribution<double> delay(0.0, 3.0 * taken.count());
     int broken = 0;
     for (int i = 0; i < 200; ++i) {
         const pid_t child = fork();
@@ -288,7 +290,7 @@ TEST_F(ProjectFileTest, AKillAtAnyMomentLeavesAWholeFile) {
         if (child == 0) {
             for (int round = 0;; ++round) save(1 + round % 2);
         }
-        std::this_thread::sleep_for(std::chrono::microseconds(delay(random)));
+        std::this_thread::sleep_for(std::chrono::duration<double>(delay(random)));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
         broken += whole.count(ReadWholeFile(target)) == 1 ? 0 : 1;
