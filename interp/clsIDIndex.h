@@ -25,10 +25,9 @@ class IDIndex_cls {
     int FindFirst(int32_t id, int begin, int end) const;
 
   private:
-    /// An entry holds position + 1, so that memory which comes zeroed is a table of empty entries.
     struct Hashed {
-        int32_t id;
-        int32_t place;
+        int32_t id = 0;
+        int32_t position = -1;
     };
     /// Numbers in a row and the entry of each.
     struct Range {
@@ -42,10 +41,14 @@ class IDIndex_cls {
         }
     };
 
+    template <class Entry>
+    Entry* MakeTable(size_t size, Entry empty);
     static Range FindRange(std::span<const int32_t> ids);
     /// Both return true when an ID occurs twice.
     bool BuildDense(std::span<const int32_t> ids);
     bool BuildHashed(std::span<const int32_t> ids);
+    /// Enters the positions of some IDs, the first of which stands at `first`.
+    static void Enter(std::span<const int32_t> ids, int32_t first, Range range, int32_t* table);
     void BuildLists(std::span<const int32_t> ids);
 
     /// The ID's entry in the table, or an empty one.

@@ -10,8 +10,10 @@ namespace {
 constexpr std::array kHalfWidths = {10, 100, 1000, 10000};
 /// The search through all of B covers only this part of it: films made so far show it.
 constexpr int kFullSearchDivisor = 10;
+/// Matches between the fetching of two particles from memory and their use.
+constexpr size_t kAhead = 12;
 /// Particles looked up together, so that the processor waits for many table entries at once.
-constexpr int kLookUpBlock = 128;
+constexpr int kLookUpBlock = 1024;
 
 /// What becomes of a difference of positions along an axis of this length. Half a length exactly is no wrap.
 struct NoWrap {
@@ -43,168 +45,186 @@ void ThreadInterpolatorBlock_cls::SetParameters(const RateArrays_cls& arrays, Wo
     mVariableNumber = variableNumber;
     mPeriodic = periodic;
     mIndex = index;
+    mKernel = ChooseKernel();
 }
 
 wxThread::ExitCode ThreadInterpolatorBlock_cls::Entry() {
     int begin = 0;
     int end = 0;
-    while (mShares->Take(mWorker, &begin, &end)) {
+    while (mKernel && mShares->Take(mWorker, &begin, &end)) {
         if (mVariableNumber == DataLoader_cls::kVariable) {
             InterpolateDataLinearSearchingID(begin, end);
         } else if (mVariableNumber == DataLoader_cls::kSortByID) {
             InterpolateDataLinearSearchingIDSorted(begin, end);
-        } else if (mVariableNumber == DataLoader_cls::kConstant) {
-            if (mPeriodic.type == PeriodicBoundary_cls::kNone) {
-                InterpolateDataLinear(begin, end);
-            } else {
-                InterpolateDataLinearPeriodic(begin, end);
-            }
+        } else {
+            InterpolateSameIndex(begin, end);
         }
     }
     return nullptr;
 }
 
-bool ThreadInterpolatorBlock_cls::HasKernel() const {
-    return mVariableNumber <= DataLoader_cls::kSortByID && ChooseCore() != nullptr;
-}
-
+/// Everything is handed over by value: what the rates are stored into could otherwise be the settings
+/// themselves to the compiler, and it would read them anew for every particle.
 template <class WrapXY, class WrapZ>
-inline void ThreadInterpolatorBlock_cls::StoreRates(int i, int j, float dt) {
+inline void ThreadInterpolatorBlock_cls::StoreRates(RateArrays_cls arrays, std::array<float, 3> length, int i,
+                                                    int j, float dt) {
     const auto a = static_cast<size_t>(i);
     const auto b = static_cast<size_t>(j);
-    const float* from = mArrays.mPositionA + 3 * a;
-    const float* to = mArrays.mPositionB + 3 * b;
-    const float x = WrapXY::Apply(to[0] - from[0], mPeriodic.length[0]) / dt;
-    const float y = WrapXY::Apply(to[1] - from[1], mPeriodic.length[1]) / dt;
-    const float z = WrapZ::Apply(to[2] - from[2], mPeriodic.length[2]) / dt;
-    const float radius = (mArrays.mRadiusB[b] - mArrays.mRadiusA[a]) / dt;
-    const float value1 = (mArrays.mValue1B[b] - mArrays.mValue1A[a]) / dt;
-    float* velocity = mArrays.mVelocity + 3 * a;
+    const float* from = arrays.mPositionA + 3 * a;
+    const float* to = arrays.mPositionB + 3 * b;
+    const float x = WrapXY::Apply(to[0] - from[0], length[0]) / dt;
+    const float y = WrapXY::Apply(to[1] - from[1], length[1]) / dt;
+    const float z = WrapZ::Apply(to[2] - from[2], length[2]) / dt;
+    const float radius = (arrays.mRadiusB[b] - arrays.mRadiusA[a]) / dt;
+    const float value1 = (arrays.mValue1B[b] - arrays.mValue1A[a]) / dt;
+    float* velocity = arrays.mVelocity + 3 * a;
     velocity[0] = x;
     velocity[1] = y;
     velocity[2] = z;
-    mArrays.mRadiusWork[a] = radius;
-    mArrays.mValue1Work[a] = value1;
-}
-
-/// A particle that is not in B stands still.
-inline void ThreadInterpolatorBlock_cls::StoreNoRates(int i) {
-    const auto a = static_cast<size_t>(i);
-    std::fill_n(mArrays.mVelocity + 3 * a, 3, 0.0F);
-    mArrays.mRadiusWork[a] = 0.0F;
-    mArrays.mValue1Work[a] = 0.0F;
-}
-
-void ThreadInterpolatorBlock_cls::InterpolateDataLinearCore(int i, int j, float dt) {
-    StoreRates<NoWrap, NoWrap>(i, j, dt);
-}
-void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYEeffect0(int i, int j, float dt) {
-    StoreRates<MinimumImage, NoWrap>(i, j, dt);
-}
-void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYEeffect1(int i, int j, float dt) {
-    StoreRates<Stay, NoWrap>(i, j, dt);
-}
-void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYZEeffect0(int i, int j, float dt) {
-    StoreRates<MinimumImage, MinimumImage>(i, j, dt);
-}
-void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYZEeffect1(int i, int j, float dt) {
-    StoreRates<Stay, Stay>(i, j, dt);
-}
-
-ThreadInterpolatorBlock_cls::Core ThreadInterpolatorBlock_cls::ChooseCore() const {
-    using Block = ThreadInterpolatorBlock_cls;
-    if (mPeriodic.type == PeriodicBoundary_cls::kNone) return &Block::InterpolateDataLinearCore;
-    if (mPeriodic.type > PeriodicBoundary_cls::kSpaceXYZ) return nullptr;
-    const bool plane = mPeriodic.type == PeriodicBoundary_cls::kPlaneXY;
-    switch (mPeriodic.effect) {
-        case PeriodicBoundary_cls::kGuessVelocity:
-            return plane ? &Block::InterpolateDataLinearCorePeriodicXYEeffect0
-                         : &Block::InterpolateDataLinearCorePeriodicXYZEeffect0;
-        case PeriodicBoundary_cls::kZeroVelocity:
-            return plane ? &Block::InterpolateDataLinearCorePeriodicXYEeffect1
-                         : &Block::InterpolateDataLinearCorePeriodicXYZEeffect1;
-        default:
-            return nullptr;
-    }
+    arrays.mRadiusWork[a] = radius;
+    arrays.mValue1Work[a] = value1;
 }
 
 template <class WrapXY, class WrapZ>
-void ThreadInterpolatorBlock_cls::InterpolateSameIndex(int begin, int end) {
-    for (int i = begin; i < end; ++i) StoreRates<WrapXY, WrapZ>(i, i, mDt);
+void ThreadInterpolatorBlock_cls::StoreRange(int begin, int end) {
+    const RateArrays_cls arrays = mArrays;
+    const auto length = mPeriodic.length;
+    const float dt = mDt;
+    for (int i = begin; i < end; ++i) StoreRates<WrapXY, WrapZ>(arrays, length, i, i, dt);
+}
+
+inline void ThreadInterpolatorBlock_cls::Prefetch(const RateArrays_cls& arrays, const Match& match) {
+    const auto a = static_cast<size_t>(match.i);
+    const auto b = static_cast<size_t>(match.j);
+    __builtin_prefetch(arrays.mPositionA + 3 * a);
+    __builtin_prefetch(arrays.mRadiusA + a);
+    __builtin_prefetch(arrays.mValue1A + a);
+    __builtin_prefetch(arrays.mPositionB + 3 * b);
+    __builtin_prefetch(arrays.mRadiusB + b);
+    __builtin_prefetch(arrays.mValue1B + b);
+}
+
+template <class WrapXY, class WrapZ>
+void ThreadInterpolatorBlock_cls::StoreMatches(const Match* matches, size_t count) {
+    const RateArrays_cls arrays = mArrays;
+    const auto length = mPeriodic.length;
+    const float dt = mDt;
+    for (size_t m = 0; m < count; ++m) {
+        if (m + kAhead < count) Prefetch(arrays, matches[m + kAhead]);
+        StoreRates<WrapXY, WrapZ>(arrays, length, matches[m].i, matches[m].j, dt);
+    }
+}
+
+/// Particles that are not in B stand still.
+void ThreadInterpolatorBlock_cls::StoreNoRates(int begin, int end) {
+    std::fill(mArrays.mVelocity + 3 * static_cast<size_t>(begin),
+              mArrays.mVelocity + 3 * static_cast<size_t>(end), 0.0F);
+    std::fill(mArrays.mRadiusWork + begin, mArrays.mRadiusWork + end, 0.0F);
+    std::fill(mArrays.mValue1Work + begin, mArrays.mValue1Work + end, 0.0F);
+}
+
+void ThreadInterpolatorBlock_cls::InterpolateDataLinearCore(int i, int j, float dt) {
+    StoreRates<NoWrap, NoWrap>(mArrays, mPeriodic.length, i, j, dt);
+}
+void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYEeffect0(int i, int j, float dt) {
+    StoreRates<MinimumImage, NoWrap>(mArrays, mPeriodic.length, i, j, dt);
+}
+void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYEeffect1(int i, int j, float dt) {
+    StoreRates<Stay, NoWrap>(mArrays, mPeriodic.length, i, j, dt);
+}
+void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYZEeffect0(int i, int j, float dt) {
+    StoreRates<MinimumImage, MinimumImage>(mArrays, mPeriodic.length, i, j, dt);
+}
+void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYZEeffect1(int i, int j, float dt) {
+    StoreRates<Stay, Stay>(mArrays, mPeriodic.length, i, j, dt);
+}
+
+const ThreadInterpolatorBlock_cls::Kernel* ThreadInterpolatorBlock_cls::ChooseKernel() const {
+    using Block = ThreadInterpolatorBlock_cls;
+    static const Kernel plain = {&Block::InterpolateDataLinearCore, &Block::StoreRange<NoWrap, NoWrap>,
+                                 &Block::StoreMatches<NoWrap, NoWrap>};
+    // By type (plane, space) and effect.
+    static const Kernel periodic[2][2] = {
+        {{&Block::InterpolateDataLinearCorePeriodicXYEeffect0, &Block::StoreRange<MinimumImage, NoWrap>,
+          &Block::StoreMatches<MinimumImage, NoWrap>},
+         {&Block::InterpolateDataLinearCorePeriodicXYEeffect1, &Block::StoreRange<Stay, NoWrap>,
+          &Block::StoreMatches<Stay, NoWrap>}},
+        {{&Block::InterpolateDataLinearCorePeriodicXYZEeffect0,
+          &Block::StoreRange<MinimumImage, MinimumImage>, &Block::StoreMatches<MinimumImage, MinimumImage>},
+         {&Block::InterpolateDataLinearCorePeriodicXYZEeffect1, &Block::StoreRange<Stay, Stay>,
+          &Block::StoreMatches<Stay, Stay>}}};
+    if (mVariableNumber > DataLoader_cls::kSortByID) return nullptr;
+    if (mPeriodic.type == PeriodicBoundary_cls::kNone) return &plain;
+    if (mPeriodic.type > PeriodicBoundary_cls::kSpaceXYZ) return nullptr;
+    if (mPeriodic.effect > PeriodicBoundary_cls::kZeroVelocity) return nullptr;
+    return &periodic[mPeriodic.type - PeriodicBoundary_cls::kPlaneXY][mPeriodic.effect];
 }
 
 void ThreadInterpolatorBlock_cls::InterpolateDataLinear(int begin, int end) {
-    InterpolateSameIndex<NoWrap, NoWrap>(begin, end);
+    StoreRange<NoWrap, NoWrap>(begin, end);
 }
 
 void ThreadInterpolatorBlock_cls::InterpolateDataLinearPeriodic(int begin, int end) {
-    using Block = ThreadInterpolatorBlock_cls;
-    const Core core = ChooseCore();
-    if (core == &Block::InterpolateDataLinearCorePeriodicXYEeffect0) {
-        InterpolateSameIndex<MinimumImage, NoWrap>(begin, end);
-    } else if (core == &Block::InterpolateDataLinearCorePeriodicXYEeffect1) {
-        InterpolateSameIndex<Stay, NoWrap>(begin, end);
-    } else if (core == &Block::InterpolateDataLinearCorePeriodicXYZEeffect0) {
-        InterpolateSameIndex<MinimumImage, MinimumImage>(begin, end);
-    } else if (core == &Block::InterpolateDataLinearCorePeriodicXYZEeffect1) {
-        InterpolateSameIndex<Stay, Stay>(begin, end);
+    (this->*mKernel->range)(begin, end);
+}
+
+void ThreadInterpolatorBlock_cls::InterpolateSameIndex(int begin, int end) {
+    if (mPeriodic.type == PeriodicBoundary_cls::kNone) {
+        InterpolateDataLinear(begin, end);
+    } else {
+        InterpolateDataLinearPeriodic(begin, end);
     }
 }
 
 void ThreadInterpolatorBlock_cls::InterpolateDataLinearSearchingID(int begin, int end) {
-    const Core core = ChooseCore();
-    if (!core) return;
-    std::array<int32_t, kLookUpBlock> found{};
+    if (!mArrays.mIDA || !mArrays.mIDB) return StoreNoRates(begin, end);
+    std::array<Match, kLookUpBlock> matches{};
     for (int block = begin; block < end; block += kLookUpBlock) {
         const int count = std::min(kLookUpBlock, end - block);
-        SearchIDs(block, count, found.data());
-        for (int k = 0; k < count; ++k) {
-            const int j = found[static_cast<size_t>(k)];
-            if (j >= 0) {
-                (this->*core)(block + k, j, mDt);
-            } else {
-                StoreNoRates(block + k);
-            }
+        if (std::equal(mArrays.mIDA + block, mArrays.mIDA + block + count, mArrays.mIDB + block)) {
+            InterpolateSameIndex(block, block + count);
+            continue;
         }
+        StoreNoRates(block, block + count);
+        const size_t found = FindMatches(block, count, matches.data());
+        (this->*mKernel->matches)(matches.data(), found);
     }
 }
 
 void ThreadInterpolatorBlock_cls::InterpolateDataLinearSearchingIDSorted(int begin, int end) {
-    const Core core = ChooseCore();
-    if (!core) return;
     // Every share walks B from its beginning.
     int cursor = 0;
     for (int i = begin; i < end; ++i) {
         const int j = mArrays.mIDA && mArrays.mIDB ? SearchIDFrom(&cursor, mArrays.mIDA[i]) : -1;
         if (j >= 0) {
-            (this->*core)(i, j, mDt);
+            (this->*mKernel->one)(i, j, mDt);
         } else {
-            StoreNoRates(i);
+            StoreNoRates(i, i + 1);
         }
     }
 }
 
-void ThreadInterpolatorBlock_cls::SearchIDs(int i, int count, int32_t* positions) const {
-    const auto blockSize = static_cast<size_t>(count);
-    if (!mArrays.mIDA || !mArrays.mIDB) {
-        std::fill_n(positions, blockSize, -1);
-        return;
-    }
+size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* matches) const {
+    size_t found = 0;
     if (!mIndex || !mIndex->IsUnique()) {
-        for (int k = 0; k < count; ++k) positions[k] = SearchID(i + k);
-        return;
+        for (int i = begin; i < begin + count; ++i) {
+            matches[found] = {i, SearchID(i)};
+            if (matches[found].j >= 0) ++found;
+        }
+        return found;
     }
-    mIndex->Find({mArrays.mIDA + i, blockSize}, positions);
+    std::array<int32_t, kLookUpBlock> positions{};
+    mIndex->Find({mArrays.mIDA + begin, static_cast<size_t>(count)}, positions.data());
     const int tenth = mArrays.mCountB / kFullSearchDivisor;
     for (int k = 0; k < count; ++k) {
-        const int distance = positions[k] - (i + k);
+        const int j = positions[static_cast<size_t>(k)];
+        const int distance = j - (begin + k);
         const bool near = distance >= -kHalfWidths.back() && distance < kHalfWidths.back();
-        positions[k] = near | (positions[k] < tenth) ? positions[k] : -1;
-        const int place = std::max(positions[k], 0);
-        __builtin_prefetch(mArrays.mPositionB + 3 * static_cast<size_t>(place));
-        __builtin_prefetch(mArrays.mRadiusB + place);
-        __builtin_prefetch(mArrays.mValue1B + place);
+        // To the processor this is a matter of chance: it is computed, not branched on.
+        matches[found] = {begin + k, j};
+        found += static_cast<size_t>((near | (j < tenth)) & (j >= 0));
     }
+    return found;
 }
 
 int ThreadInterpolatorBlock_cls::SearchID(int i) const {

@@ -29,8 +29,8 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
                        unsigned int variableNumber, const PeriodicBoundary_cls::Rule& periodic,
                        const IDIndex_cls* index);
     ExitCode Entry() override;
-    /// False for settings that no kernel is made for: the range is then left as it is.
-    bool HasKernel() const;
+    /// False for settings that no kernel is made for: the particles are then left as they are.
+    bool HasKernel() const { return mKernel != nullptr; }
 
     // Rates of particle i of A from particle j of B
 
@@ -55,19 +55,36 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     int SearchIDFrom(int* cursor, int id) const;
 
   private:
-    using Core = void (ThreadInterpolatorBlock_cls::*)(int i, int j, float dt);
+    struct Match {
+        int i;  ///< in A
+        int j;  ///< in B
+    };
+    /// One rule of wrapping: for a particle, for a range of particles that have kept their index, for
+    /// matches.
+    struct Kernel {
+        void (ThreadInterpolatorBlock_cls::*one)(int i, int j, float dt);
+        void (ThreadInterpolatorBlock_cls::*range)(int begin, int end);
+        void (ThreadInterpolatorBlock_cls::*matches)(const Match* matches, size_t count);
+    };
 
-    /// Null for periodic settings that no kernel is made for.
-    Core ChooseCore() const;
+    /// Null for settings that no kernel is made for.
+    const Kernel* ChooseKernel() const;
     template <class WrapXY, class WrapZ>
-    void StoreRates(int i, int j, float dt);
-    void StoreNoRates(int i);
+    static void StoreRates(RateArrays_cls arrays, std::array<float, 3> length, int i, int j, float dt);
     template <class WrapXY, class WrapZ>
+    void StoreRange(int begin, int end);
+    template <class WrapXY, class WrapZ>
+    void StoreMatches(const Match* matches, size_t count);
+    void StoreNoRates(int begin, int end);
+    /// Particle i of A is particle i of B.
     void InterpolateSameIndex(int begin, int end);
+
     int FindFirst(int id, int begin, int end) const;
     int SearchID(int i) const;
-    /// SearchID() for `count` particles from i on.
-    void SearchIDs(int i, int count, int32_t* positions) const;
+    /// SearchID() for `count` particles; returns the number of those that are found.
+    size_t FindMatches(int begin, int count, Match* matches) const;
+    /// Has both particles fetched from memory ahead of time.
+    static void Prefetch(const RateArrays_cls& arrays, const Match& match);
 
     RateArrays_cls mArrays;
     WorkShares_cls* mShares = nullptr;
@@ -76,4 +93,5 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     unsigned int mVariableNumber = 0;
     PeriodicBoundary_cls::Rule mPeriodic;
     const IDIndex_cls* mIndex = nullptr;
+    const Kernel* mKernel = nullptr;
 };
