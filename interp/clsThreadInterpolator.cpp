@@ -88,7 +88,9 @@ int ThreadInterpolator_cls::GetWorkerNumber(int countA) {
 }
 
 void ThreadInterpolator_cls::ComputeRates(const Task& task) {
-    const RateArrays_cls& arrays = task.arrays;
+    RateArrays_cls arrays = task.arrays;
+    arrays.mCountA = std::max(arrays.mCountA, 0);  // -1 stands for a snapshot that has not been read
+    arrays.mCountB = std::max(arrays.mCountB, 0);
     if (task.interpolationType != DataLoader_cls::kLinear) {
         ClearWorkFrom(arrays, 0);
         if (task.interpolationType != DataLoader_cls::kHermite) {
@@ -98,7 +100,7 @@ void ThreadInterpolator_cls::ComputeRates(const Task& task) {
     }
     // Snapshots of one time, as a last snapshot and itself, are taken to be one time unit apart.
     const float dt = task.dt == 0.0F ? 1.0F : task.dt;
-    const int matched = std::max(std::min(arrays.mCountA, arrays.mCountB), 0);
+    const int matched = std::min(arrays.mCountA, arrays.mCountB);
     const bool searched = task.variableNumber == DataLoader_cls::kVariable;
     const bool sorted = task.variableNumber == DataLoader_cls::kSortByID;
     const auto index = searched ? MakeIndex(arrays, matched) : nullptr;

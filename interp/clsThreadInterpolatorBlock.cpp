@@ -10,7 +10,7 @@ namespace {
 constexpr std::array kHalfWidths = {10, 100, 1000, 10000};
 /// The search through all of B covers only this part of it: films made so far show it.
 constexpr int kFullSearchDivisor = 10;
-/// Matches between the fetching of two particles from memory and their use.
+/// How many matches before its use a particle is fetched from memory.
 constexpr size_t kAhead = 12;
 /// Particles looked up together, so that the processor waits for many table entries at once.
 constexpr int kLookUpBlock = 1024;
@@ -141,10 +141,10 @@ void ThreadInterpolatorBlock_cls::InterpolateDataLinearCorePeriodicXYZEeffect1(i
 
 const ThreadInterpolatorBlock_cls::Kernel* ThreadInterpolatorBlock_cls::ChooseKernel() const {
     using Block = ThreadInterpolatorBlock_cls;
-    static const Kernel plain = {&Block::InterpolateDataLinearCore, &Block::StoreRange<NoWrap, NoWrap>,
-                                 &Block::StoreMatches<NoWrap, NoWrap>};
+    static constexpr Kernel plain = {&Block::InterpolateDataLinearCore, &Block::StoreRange<NoWrap, NoWrap>,
+                                     &Block::StoreMatches<NoWrap, NoWrap>};
     // By type (plane, space) and effect.
-    static const Kernel periodic[2][2] = {
+    static constexpr Kernel periodic[2][2] = {
         {{&Block::InterpolateDataLinearCorePeriodicXYEeffect0, &Block::StoreRange<MinimumImage, NoWrap>,
           &Block::StoreMatches<MinimumImage, NoWrap>},
          {&Block::InterpolateDataLinearCorePeriodicXYEeffect1, &Block::StoreRange<Stay, NoWrap>,

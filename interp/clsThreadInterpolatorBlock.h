@@ -40,7 +40,7 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     void InterpolateDataLinearCorePeriodicXYZEeffect0(int i, int j, float dt);
     void InterpolateDataLinearCorePeriodicXYZEeffect1(int i, int j, float dt);
 
-    // Particles begin to end - 1 by one rule of matching
+    // Particles begin to end - 1 by one rule of matching; only with a kernel
 
     void InterpolateDataLinear(int begin, int end);
     void InterpolateDataLinearPeriodic(int begin, int end);

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-GLAttribute_cls::GLAttribute_cls(unsigned int sequence, int index, std::shared_ptr<const ParamHost_cls> host)
+GLAttribute_cls::GLAttribute_cls(unsigned int sequence, int index,
+                                 const std::shared_ptr<const ParamHost_cls>& host)
     : mIndex(index), mPrefix(wxString::Format("SEQ%uTYPE%d", sequence, index)) {
     // In the order in which they are written.
     const std::array names = {"Col", "Ambient", "Diffuse", "Specular"};

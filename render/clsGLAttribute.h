@@ -21,7 +21,7 @@ class GLAttribute_cls {
     enum ShaderType : unsigned int { kOriginal = 0, kGouraud = 1, kPhong = 2, kToon = 3 };
 
     /// Numbers of the data sequence and of the particle type, both part of the settings' keys.
-    GLAttribute_cls(unsigned int sequence, int index, std::shared_ptr<const ParamHost_cls> host = {});
+    GLAttribute_cls(unsigned int sequence, int index, const std::shared_ptr<const ParamHost_cls>& host = {});
     GLAttribute_cls(const GLAttribute_cls&) = delete;
     GLAttribute_cls& operator=(const GLAttribute_cls&) = delete;
 
