@@ -8,10 +8,10 @@
 #include <optional>
 #include <vector>
 
-#include "core/clsFrameSettings.h"
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "gui/clsFrameSettings.h"
 #include "interp/clsPeriodicBoundary.h"
 #include "output/clsDataExporter.h"
 #include "pov/clsPovRayCtrl.h"
