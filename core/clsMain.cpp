@@ -164,6 +164,14 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
     return mState.get();
 }
 
+ScenePass_cls::Links Main_cls::GetSceneLinks() {
+    return {.shared = mPanelShared,
+            .option = mDrawOption,
+            .lights = mLightSRCCtrl,
+            .periodic = mPeriodicBoundary,
+            .data = mSeqCtrl};
+}
+
 Parameters_cls* Main_cls::GetPCParamFromID(const wxString& identifier) {
     for (ParamGroup_cls* tree : mTimeGroups) {
         // A tree answers for its last child only, so each child is asked itself.
