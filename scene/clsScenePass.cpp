@@ -88,7 +88,7 @@ void ScenePass_cls::DrawData(const SceneView_cls& view) {
     if (!state || state->GetCount() == 0) return;
     const size_t shown = static_cast<size_t>(state->GetCount()) / static_cast<size_t>(state->GetStride());
     const auto look = shown > kCrowd ? GLDrawData_cls::Look::Glowing : GLDrawData_cls::Look::Opaque;
-    GLDrawData_cls().GLDrawPointAll(*state, static_cast<float>(PointSizeFor(shown, view.mHeight)), look);
+    GLDrawData_cls::GLDrawPointAll(*state, static_cast<float>(PointSizeFor(shown, view.mHeight)), look);
 }
 
 std::array<float, 3> ScenePass_cls::GetBackground() const {
