@@ -8,13 +8,14 @@
 #include <optional>
 #include <vector>
 
-#include "core/clsFrameSettings.h"
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "gui/clsFrameSettings.h"
 #include "interp/clsPeriodicBoundary.h"
 #include "output/clsDataExporter.h"
 #include "pov/clsPovRayCtrl.h"
+#include "render/clsDisplayedState.h"
 #include "render/clsDrawOption.h"
 #include "render/clsPanelSettings.h"
 #include "render/clsPanelShared.h"
@@ -107,7 +108,6 @@ class Main_cls {
     void HangUpGroups();
     void ApplyPreferences();
     void CutLongSeries();
-    void DropState();
 
     // The order is the order of creation. Places of what is not built yet are named.
     wxString mConfigPath;
@@ -137,6 +137,6 @@ class Main_cls {
     // Scene_cls
 
     std::vector<ParamGroup_cls*> mTimeGroups;
-    std::unique_ptr<SnapData_cls> mState;
+    DisplayedState_cls mState;
     std::unique_ptr<ProjectFile_cls> mProjectFile;
 };
