@@ -62,7 +62,7 @@ TimelineCanvas_cls::TimelineCanvas_cls(wxWindow* parent, TimelineModel_cls& mode
 
 void TimelineCanvas_cls::Prepare() {
     mTheme = TimelineTheme_cls(*this);
-    mModel.mTree.Prepare();
+    mModel.mTree.Update();
     mView.SetLayout(GetClientSize(), mTheme);
 }
 

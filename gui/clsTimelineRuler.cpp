@@ -58,8 +58,12 @@ void TimelineRuler_cls::DrawFrames(wxGraphicsContext& gc, const TimelineTheme_cl
     gc.SetPen(wxPen(theme.faintText));
     eachFrame(scale.GetLabelSpacing(kLabelPixels), [&](double frame) {
         const double x = std::round(scale.ToX(frame)) + 0.5;
-        gc.StrokeLine(x, bottom - 6.0, x, bottom);
-        gc.DrawText(wxString::Format("%.0f", frame), x + 3.0, 1.0);
+        gc.StrokeLine(x, bottom - 5.0, x, bottom);
+        const wxString text = wxString::Format("%.0f", frame);
+        double width = 0.0;
+        double height = 0.0;
+        gc.GetTextExtent(text, &width, &height);
+        gc.DrawText(text, std::round(x - width / 2.0), 1.0);
     });
 }
 

@@ -6,7 +6,7 @@
 /// and place are kept where something of the scene is in sight.
 class TimelineScale_cls {
   public:
-    static constexpr double kMargin = 16.0;      ///< pixels kept free at both ends of the whole scene
+    static constexpr double kMargin = 20.0;      ///< pixels kept free at both ends of the whole scene
     static constexpr double kMaxPixels = 400.0;  ///< of one frame at the closest
 
     /// Width of the tracks in pixels and the scene's last frame.

@@ -28,7 +28,7 @@ TimelineTheme_cls::TimelineTheme_cls(const wxWindow& window) {
     line = Mix(background, text, 0.22);
     grid = Mix(background, text, 0.08);
     faintText = Mix(background, text, 0.6);
-    key = Mix(text, accent, 0.55);
+    key = Mix(text, accent, 0.8);
     selectedKey = mDark ? wxColour(255, 176, 64) : wxColour(232, 126, 4);
     workArea = accent;
     activeArea = Mix(background, text, 0.38);
@@ -58,7 +58,7 @@ void TimelineTheme_cls::AddKey(wxGraphicsPath& path, double x, double y, unsigne
             break;
         case KeyFrame_cls::kHermiteSemiAuto:
             path.AddCircle(x, y, s * 0.92);
-            path.AddCircle(x, y, s * 0.4);
+            path.AddCircle(x, y, s * 0.5);
             break;
         case KeyFrame_cls::kHermite:
             path.MoveToPoint(x - s, y - s);
