@@ -13,7 +13,9 @@
 #include "interp/clsSnapData.h"
 #include "output/clsImageFile.h"
 #include "output/clsStateFile.h"
-#include "render/clsScenePass.h"
+#include "render/clsOffscreenBuffer.h"
+#include "render/clsOffscreenContext.h"
+#include "scene/clsScenePass.h"
 #include "seam/clsDiagnostics.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
@@ -176,17 +178,34 @@ int Batch_cls::Render() {
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
     wxString why;
-    const auto scene = ScenePass_cls::Create(mLine.mWidth, mLine.mHeight, &why);
-    if (!scene) {
+    const auto context = OffscreenContext_cls::Create(&why);
+    if (!context) {
         PrintError(why);
         return kFailed;
     }
-    scene->SetBackground(mMain.GetPanelShared().mBackground.mValue);
-    // The camera depends on the data only, so that parts of a film rendered apart fit together.
-    if (const SnapData_cls* first = PrepareState(0.0)) scene->FitTo(*first);
+    const auto buffer = OffscreenBuffer_cls::Create(mLine.mWidth, mLine.mHeight);
+    if (!buffer) {
+        PrintError(
+            wxString::Format("OpenGL has no frame buffer of %d x %d pixels", mLine.mWidth, mLine.mHeight));
+        return kFailed;
+    }
+    ScenePass_cls scene(mMain.GetSceneLinks());
+    const PanelSettings_cls& panel = mMain.GetPanelSettings(0);
+    // A camera that nobody has placed depends on the first data only, so that parts of a film rendered apart
+    // fit together.
+    std::optional<PositionAndDirection_cls> fitted;
+    if (const SnapData_cls* first = PrepareState(0.0)) fitted = FitPanel(*first, panel);
     return DoFrames(*frames, [&](int frame, const wxString& name) {
+        const double time = mMain.GetTimeCtrl().GetDoubleIndex(frame, 0);
         const SnapData_cls* state = PrepareState(mMain.GetTimeCtrl().GetRemappedIndexDouble(frame, 0));
-        return ImageFile_cls::Write(name, mLine.mWidth, mLine.mHeight, scene->Draw(state));
+        buffer->Bind();
+        scene.Draw({.mPanel = panel,
+                    .mCamera = ChooseCamera(mMain.GetCameraPath(), panel, time, fitted),
+                    .mTime = time,
+                    .mState = state,
+                    .mWidth = mLine.mWidth,
+                    .mHeight = mLine.mHeight});
+        return ImageFile_cls::Write(name, mLine.mWidth, mLine.mHeight, buffer->ReadRGB());
     });
 }
 

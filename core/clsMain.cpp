@@ -10,6 +10,7 @@
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
 #include "render/clsGLAttribute.h"
+#include "render/clsZSort.h"
 #include "seam/clsClock.h"
 #include "seam/clsEventSink.h"
 #include "seam/clsUserMessage.h"
@@ -31,6 +32,7 @@ Main_cls::Main_cls(const wxString& programFolder)
       mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
+    ZSort_cls::mspCPreferenceLink = &mPreference;
     mDataLoader.SetOpenCommand([this](const wxString& path) { OpenDataFileCommand(path); });
     ComParamBase_cls::SetLookUp([this](const wxString& id) { return GetPCParamFromID(id); });
     for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
@@ -50,6 +52,7 @@ Main_cls::~Main_cls() {
     mSeqCtrl.ClearData(PDataSeqCtrl_cls::kAllSequences, PDataSequence_cls::kAll, true);
     PDataBlock_cls::mspCDataLoaderLink = nullptr;
     PDataBlock_cls::mspCPeriodicLink = nullptr;
+    ZSort_cls::mspCPreferenceLink = nullptr;
 }
 
 void Main_cls::HangUpGroups() {
@@ -159,6 +162,14 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
     mState->Build(SnapSource_cls::Of(snap.GetBlock()), sequence.GetSnapAttributes(), tau,
                   mDrawOption.GetStep());
     return mState.get();
+}
+
+ScenePass_cls::Links Main_cls::GetSceneLinks() {
+    return {.shared = mPanelShared,
+            .option = mDrawOption,
+            .lights = mLightSRCCtrl,
+            .periodic = mPeriodicBoundary,
+            .data = mSeqCtrl};
 }
 
 Parameters_cls* Main_cls::GetPCParamFromID(const wxString& identifier) {

@@ -8,10 +8,10 @@
 #include <optional>
 #include <vector>
 
-#include "core/clsFrameSettings.h"
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "gui/clsFrameSettings.h"
 #include "interp/clsPeriodicBoundary.h"
 #include "output/clsDataExporter.h"
 #include "pov/clsPovRayCtrl.h"
@@ -21,6 +21,7 @@
 #include "render/clsShadowSettings.h"
 #include "scene/clsCameraPath.h"
 #include "scene/clsLightSRCCtrl.h"
+#include "scene/clsScenePass.h"
 #include "timeline/clsTimeCtrl.h"
 
 class ProjectFile_cls;
@@ -96,6 +97,8 @@ class Main_cls {
     PeriodicBoundary_cls& GetPeriodicBoundary() { return mPeriodicBoundary; }
     LightSRCCtrl_cls& GetLightSRCCtrl() { return mLightSRCCtrl; }
     PovRayCtrl_cls& GetPovRayCtrl() { return mPovRayCtrl; }
+    /// What the views of the scene share.
+    ScenePass_cls::Links GetSceneLinks();
     /// The trees of the timeline, the camera's first.
     const std::vector<ParamGroup_cls*>& GetTimeGroups() const { return mTimeGroups; }
 
