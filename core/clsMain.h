@@ -16,6 +16,7 @@
 #include "output/clsDataExporter.h"
 #include "pov/clsPovRayCtrl.h"
 #include "render/clsColorCurveCtrl.h"
+#include "render/clsDisplayedState.h"
 #include "render/clsDrawOption.h"
 #include "render/clsPanelSettings.h"
 #include "render/clsPanelShared.h"
@@ -110,7 +111,6 @@ class Main_cls {
     TimeHost_cls MakeTimeHost();
     void HangUpGroups();
     void CutLongSeries();
-    void DropState();
 
     // The order is the order of creation. Places of what is not built yet are named.
     wxString mConfigPath;
@@ -141,6 +141,6 @@ class Main_cls {
     // Scene_cls
 
     std::vector<ParamGroup_cls*> mTimeGroups;
-    std::unique_ptr<SnapData_cls> mState;
+    DisplayedState_cls mState;
     std::unique_ptr<ProjectFile_cls> mProjectFile;
 };
