@@ -37,7 +37,8 @@ Main_cls::Main_cls(const wxString& programFolder)
     ComParamBase_cls::SetLookUp([this](const wxString& id) { return GetPCParamFromID(id); });
     for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
         // The state on screen borrows from the snapshot it was made of.
-        mSeqCtrl.GetSequence(i).SetReleaseObserver([this](const PDataBlock_cls&) { DropState(); });
+        mSeqCtrl.GetSequence(i).SetReleaseObserver(
+            [this](const PDataBlock_cls& block) { mState.ReleaseIfOf(block); });
     }
     HangUpGroups();
     mProjectFile = std::make_unique<ProjectFile_cls>(*this);
@@ -120,7 +121,7 @@ void Main_cls::CutLongSeries() {
 void Main_cls::CloseData() {
     WaitThreadFinish();
     mSeqCtrl.ClearData(PDataSeqCtrl_cls::kActive, PDataSequence_cls::kAll, true);
-    DropState();
+    mState.Release();
 }
 
 void Main_cls::WaitThreadFinish() {
@@ -140,10 +141,6 @@ void Main_cls::CleanUpMemory(int currentSnapshot) {
     mSeqCtrl.CleanUpMemory(currentSnapshot, mTimeCtrl.GetSkippingStep());
 }
 
-void Main_cls::DropState() {
-    if (mState) mState->ReleaseData();
-}
-
 const SnapData_cls* Main_cls::PrepareState(double position) {
     PDataSequence_cls& sequence = mSeqCtrl.GetActive();
     if (sequence.GetSeqLength() == 0) return nullptr;
@@ -158,10 +155,9 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
     if (!snap.IsItLoaded() || snap.GetParticleNumber() == 0) return nullptr;
 
     const double tau = sequence.GetDT(index, fraction);
-    if (!mState) mState = std::make_unique<SnapData_cls>();
-    mState->Build(SnapSource_cls::Of(snap.GetBlock()), sequence.GetSnapAttributes(), tau,
-                  mDrawOption.GetStep());
-    return mState.get();
+    DrawAttributes_cls attributes{};
+    for (size_t i = 0; i < attributes.size(); ++i) attributes[i] = sequence.GetAttributes()[i].get();
+    return &mState.Get(snap.GetBlock(), attributes, tau, mDrawOption.GetStep());
 }
 
 ScenePass_cls::Links Main_cls::GetSceneLinks() {
