@@ -12,8 +12,8 @@
 
 namespace {
 
-/// Half the time of the usual level 6 for files a fifth larger; the filter suits smooth pictures, and those of
-/// points as well as any.
+/// Half the time of the usual level 6 for files a fifth larger; the filter suits smooth pictures, and those
+/// of points as well as any.
 constexpr int kPngLevel = 3;
 constexpr int kPngFilterSub = 0x10;
 constexpr int kJpegQuality = 92;

@@ -27,10 +27,14 @@ constexpr const char* kFramesASecond = "30";
 
 /// What ffmpeg is told: raw frames on its input, and for the usual containers a codec that everybody can
 /// play. That wants even sides and a colour matrix that is named.
-std::vector<std::string> Arguments(const wxString& extension, const std::string& target, int width, int height) {
-    std::vector<std::string> words = {"ffmpeg", "-hide_banner", "-loglevel", "error", "-nostdin", "-y", "-f", "rawvideo",
-                                      "-pix_fmt", "rgb24", "-s", std::to_string(width) + "x" + std::to_string(height),
-                                      "-r", kFramesASecond, "-i", "pipe:0", "-an"};
+std::vector<std::string> Arguments(const wxString& extension, const std::string& target, int width,
+                                   int height) {
+    std::vector<std::string> words = {
+        "ffmpeg",   "-hide_banner", "-loglevel", "error",
+        "-nostdin", "-y",           "-f",        "rawvideo",
+        "-pix_fmt", "rgb24",        "-s",        std::to_string(width) + "x" + std::to_string(height),
+        "-r",       kFramesASecond, "-i",        "pipe:0",
+        "-an"};
     if (extension == ".mp4" || extension == ".mov" || extension == ".mkv" || extension == ".m4v") {
         for (const char* word : {"-c:v", "libx264", "-crf", "17", "-pix_fmt", "yuv420p", "-vf",
                                  "pad=ceil(iw/2)*2:ceil(ih/2)*2,scale=out_color_matrix=bt709:out_range=tv",
@@ -47,8 +51,8 @@ std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int
     // A reader that has gone is told by write(), not by a signal that ends the program.
     std::signal(SIGPIPE, SIG_IGN);
     const SplitPath_cls split(path);
-    const wxString temporary =
-        split.mDirectory + "." + split.mName + wxString::Format(".%d.part", static_cast<int>(getpid())) + split.mExtension;
+    const wxString temporary = split.mDirectory + "." + split.mName +
+                               wxString::Format(".%d.part", static_cast<int>(getpid())) + split.mExtension;
     int ends[2] = {-1, -1};
     if (pipe2(ends, O_CLOEXEC) != 0) {
         *why = path + ": " + FromBytes(std::strerror(errno));
@@ -73,8 +77,8 @@ std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int
     close(ends[0]);
     if (error != 0) {
         close(ends[1]);
-        *why = path + ": ffmpeg makes the movie and could not be started (" + FromBytes(std::strerror(error)) +
-               "); on Debian: apt install ffmpeg";
+        *why = path + ": ffmpeg makes the movie and could not be started (" +
+               FromBytes(std::strerror(error)) + "); on Debian: apt install ffmpeg";
         return nullptr;
     }
     return std::unique_ptr<Movie_cls>(new Movie_cls(path, temporary, process, ends[1]));
@@ -112,10 +116,12 @@ wxString Movie_cls::Finish() {
     WaitForFrame();
     close(mPipe);
     int status = 0;
-    while (waitpid(std::exchange(mProcess, -1), &status, 0) < 0 && errno == EINTR) continue;
+    while (waitpid(mProcess, &status, 0) < 0 && errno == EINTR) continue;
+    mProcess = -1;
     const bool done = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !mBroken;
     if (done && std::rename(ToBytes(mTemporary).c_str(), ToBytes(mPath).c_str()) == 0) return {};
-    const wxString reason = done ? FromBytes(std::strerror(errno)) : wxString("ffmpeg failed, see its words above");
+    const wxString reason =
+        done ? FromBytes(std::strerror(errno)) : wxString("ffmpeg failed, see its words above");
     unlink(ToBytes(mTemporary).c_str());
     return mPath + ": the movie could not be made: " + reason;
 }

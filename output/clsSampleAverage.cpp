@@ -30,7 +30,8 @@ uint8_t NumberOfLight(float light) {
 const std::array<uint8_t, 65537>& NumberTable() {
     static const std::array<uint8_t, 65537> table = [] {
         std::array<uint8_t, 65537> numbers{};
-        for (size_t i = 0; i < numbers.size(); ++i) numbers[i] = NumberOfLight(static_cast<float>(i) / 65536.0F);
+        for (size_t i = 0; i < numbers.size(); ++i)
+            numbers[i] = NumberOfLight(static_cast<float>(i) / 65536.0F);
         return numbers;
     }();
     return table;

@@ -5,7 +5,8 @@
 
 #include "output/clsImageFile.h"
 
-ThreadWritePicture_cls::ThreadWritePicture_cls(const wxString& path, std::shared_ptr<const Picture_cls> picture)
+ThreadWritePicture_cls::ThreadWritePicture_cls(const wxString& path,
+                                               std::shared_ptr<const Picture_cls> picture)
     : mPath(path.Clone()), mPicture(std::move(picture)) {}
 
 wxThread::ExitCode ThreadWritePicture_cls::Entry() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <wx/string.h>
+
 #include <atomic>
 #include <memory>
 
