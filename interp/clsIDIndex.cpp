@@ -4,8 +4,8 @@
 #include <array>
 #include <atomic>
 #include <bit>
+#include <cstring>
 #include <functional>
-#include <utility>
 
 #include "seam/clsJoinedThread.h"
 #include "seam/clsUserMessage.h"
@@ -35,6 +35,52 @@ class HalfThread_cls final : public JoinedThread_cls {
     const RangeWork& mWork;
     size_t mEnd;
 };
+
+/// Four numbers that the processor compares at once.
+using Four = int32_t __attribute__((vector_size(16)));
+
+Four Load(const int32_t* numbers) {
+    Four four{};
+    std::memcpy(&four, numbers, sizeof four);
+    return four;
+}
+
+struct Extremes {
+    int32_t smallest = INT32_MAX;
+    int32_t largest = INT32_MIN;
+    void Take(int32_t number) {
+        smallest = std::min(smallest, number);
+        largest = std::max(largest, number);
+    }
+};
+
+Extremes FindExtremes(std::span<const int32_t> ids) {
+    Four low = Four{} + INT32_MAX;
+    Four high = Four{} + INT32_MIN;
+    size_t j = 0;
+    for (; j + 4 <= ids.size(); j += 4) {
+        const Four four = Load(&ids[j]);
+        low = four < low ? four : low;
+        high = four > high ? four : high;
+    }
+    Extremes extremes;
+    for (int k = 0; k < 4 && j > 0; ++k) {
+        extremes.Take(low[k]);
+        extremes.Take(high[k]);
+    }
+    for (; j < ids.size(); ++j) extremes.Take(ids[j]);
+    return extremes;
+}
+
+size_t CountUsed(std::span<const int32_t> table) {
+    Four used{};
+    size_t entry = 0;
+    for (; entry + 4 <= table.size(); entry += 4) used -= Load(&table[entry]) >= 0;  // true is -1
+    size_t count = 0;
+    for (int k = 0; k < 4; ++k) count += static_cast<size_t>(used[k]);
+    for (; entry < table.size(); ++entry) count += table[entry] >= 0 ? 1 : 0;
+    return count;
+}
 
 /// Does the work on 0 to count - 1, large ones half on a thread of its own.
 void OverRange(size_t count, const RangeWork& work) {
@@ -84,19 +130,12 @@ Entry* IDIndex_cls::MakeTable(size_t size, Entry empty) {
 
 IDIndex_cls::Range IDIndex_cls::FindRange(std::span<const int32_t> ids) {
     if (ids.empty()) return {};
-    std::array<std::pair<int32_t, int32_t>, 2> halves;  // smallest and largest
-    halves.fill({ids[0], ids[0]});
+    std::array<Extremes, 2> halves;
     OverRange(ids.size(), [&halves, ids](size_t begin, size_t end) {
-        int32_t smallest = ids[begin];
-        int32_t largest = ids[begin];
-        for (size_t j = begin; j < end; ++j) {
-            smallest = std::min(smallest, ids[j]);
-            largest = std::max(largest, ids[j]);
-        }
-        halves[begin == 0 ? 0 : 1] = {smallest, largest};
+        halves[begin == 0 ? 0 : 1] = FindExtremes(ids.subspan(begin, end - begin));
     });
-    const int32_t smallest = std::min(halves[0].first, halves[1].first);
-    const int32_t largest = std::max(halves[0].second, halves[1].second);
+    const int32_t smallest = std::min(halves[0].smallest, halves[1].smallest);
+    const int32_t largest = std::max(halves[0].largest, halves[1].largest);
     return {.smallest = smallest, .size = static_cast<size_t>(int64_t{largest} - smallest + 1)};
 }
 
@@ -115,7 +154,7 @@ bool IDIndex_cls::BuildDense(std::span<const int32_t> ids) {
     });
     std::atomic<size_t> used{0};
     OverRange(mSize, [&used, table](size_t begin, size_t end) {
-        used += end - begin - static_cast<size_t>(std::count(table + begin, table + end, -1));
+        used += CountUsed({table + begin, end - begin});
     });
     return used != ids.size();
 }
