@@ -5,6 +5,7 @@
 #include <wx/choice.h>
 #include <wx/clrpicker.h>
 #include <wx/filedlg.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -48,7 +49,15 @@ void SettingsPage_cls::BeginGroup(const wxString& heading) {
 }
 
 void SettingsPage_cls::AddLabel(const wxString& label) {
-    Grid().Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CenterVertical());
+    mLabels.push_back(new wxStaticText(this, wxID_ANY, label));
+    Grid().Add(mLabels.back(), wxSizerFlags().CenterVertical());
+    int width = 0;
+    for (const wxStaticText* text : mLabels) width = std::max(width, text->GetBestSize().x);
+    for (wxStaticText* text : mLabels) text->SetMinSize(wxSize(width, -1));
+}
+
+wxSize SettingsPage_cls::DoGetBestSize() const {
+    return GetSizer()->GetMinSize() + wxSize(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this), 0);
 }
 
 void SettingsPage_cls::AddControl(wxWindow* control, bool stretch) {
@@ -114,7 +123,7 @@ SliderField_cls& SettingsPage_cls::AddSlider(const wxString& label, const wxStri
 
 wxCheckBox& SettingsPage_cls::AddCheck(const wxString& label, const wxString& tooltip,
                                        const Setting_cls<bool>& setting) {
-    Grid().AddStretchSpacer();
+    AddLabel({});
     auto* check =
         new wxCheckBox(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, label);
     check->SetToolTip(tooltip);
@@ -195,8 +204,8 @@ void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Butto
     AddLabel(label);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     for (const Button& entry : buttons) {
-        auto* button = new wxButton(this, wxID_ANY, entry.label, wxDefaultPosition, wxDefaultSize,
-                                    wxBU_EXACTFIT, wxDefaultValidator, entry.label);
+        auto* button = new wxButton(this, wxID_ANY, entry.label, wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, entry.label);
         button->SetToolTip(entry.tooltip);
         button->Bind(wxEVT_BUTTON, [press = entry.press](wxCommandEvent&) { press(); });
         row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));

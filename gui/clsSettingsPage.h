@@ -12,6 +12,7 @@
 class wxCheckBox;
 class wxChoice;
 class wxFlexGridSizer;
+class wxStaticText;
 class wxTextCtrl;
 
 /// A page of settings, built row by row: label, control, unit. All pages and dialogs of settings are made of
@@ -62,6 +63,10 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
     void RefreshFromModel();
     void ShowSettings(std::uint64_t) override { RefreshFromModel(); }
 
+  protected:
+    /// All of the page, so that a dialog shows it without scrolling where the screen allows.
+    wxSize DoGetBestSize() const override;
+
   private:
     void AddLabel(const wxString& label);
     void AddControl(wxWindow* control, bool stretch);
@@ -69,5 +74,7 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
     wxFlexGridSizer& Grid();
 
     wxFlexGridSizer* mGrid = nullptr;
+    /// As wide as the widest, so that the controls of all parts stand in one column.
+    std::vector<wxStaticText*> mLabels;
     std::vector<std::function<void()>> mRefreshers;
 };
