@@ -28,7 +28,8 @@ wxColour ToColour(const Color4& color) {
 
 SettingsPage_cls::SettingsPage_cls(wxWindow* parent)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL) {
-    SetSizer(new wxBoxSizer(wxVERTICAL));
+    SetSizer(new wxBoxSizer(wxHORIZONTAL));
+    BeginColumn();
     SetScrollRate(0, FromDIP(kScrollStep));
 }
 
@@ -36,15 +37,22 @@ wxFlexGridSizer& SettingsPage_cls::Grid() {
     if (!mGrid) {
         mGrid = new wxFlexGridSizer(2, FromDIP(wxSize(kGap, kGap)));
         mGrid->AddGrowableCol(1);
-        GetSizer()->Add(mGrid, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+        mColumn->Add(mGrid, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
     }
     return *mGrid;
+}
+
+void SettingsPage_cls::BeginColumn() {
+    mColumn = new wxBoxSizer(wxVERTICAL);
+    GetSizer()->Add(mColumn, wxSizerFlags(1).Expand());
+    mGrid = nullptr;
+    mLabels.clear();
 }
 
 void SettingsPage_cls::BeginGroup(const wxString& heading) {
     auto* text = new wxStaticText(this, wxID_ANY, heading);
     text->SetFont(text->GetFont().Bold());
-    GetSizer()->Add(text, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(kGap)));
+    mColumn->Add(text, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(kGap)));
     mGrid = nullptr;
 }
 
@@ -197,7 +205,7 @@ void SettingsPage_cls::AddWindow(const wxString& label, wxWindow* window) {
 
 void SettingsPage_cls::AddWide(wxWindow* window) {
     mGrid = nullptr;
-    GetSizer()->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+    mColumn->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
 }
 
 void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Button>& buttons) {
@@ -217,7 +225,7 @@ void SettingsPage_cls::AddNote(const wxString& text) {
     mGrid = nullptr;
     auto* note = new wxStaticText(this, wxID_ANY, text);
     note->Wrap(FromDIP(360));
-    GetSizer()->Add(note, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    mColumn->Add(note, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
 }
 
 void SettingsPage_cls::AddRefresher(std::function<void()> refresher) {

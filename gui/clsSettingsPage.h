@@ -11,6 +11,7 @@
 
 class wxCheckBox;
 class wxChoice;
+class wxBoxSizer;
 class wxFlexGridSizer;
 class wxStaticText;
 class wxTextCtrl;
@@ -25,6 +26,8 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
 
     /// Begins a part of the page under a heading. Rows before the first have none.
     void BeginGroup(const wxString& heading);
+    /// What follows stands to the right of what is there: for dialogs that would be too high.
+    void BeginColumn();
 
     wxChoice& AddChoice(const wxString& label, const wxString& tooltip, const wxArrayString& names,
                         const Setting_cls<unsigned int>& setting);
@@ -73,8 +76,9 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
     static void EnterText(wxTextCtrl& text, const Setting_cls<wxString>& setting);
     wxFlexGridSizer& Grid();
 
+    wxBoxSizer* mColumn = nullptr;
     wxFlexGridSizer* mGrid = nullptr;
-    /// As wide as the widest, so that the controls of all parts stand in one column.
+    /// Of the column; as wide as the widest, so that the controls of its groups stand below one another.
     std::vector<wxStaticText*> mLabels;
     std::vector<std::function<void()>> mRefreshers;
 };
