@@ -327,6 +327,8 @@ void TimelineCanvas_cls::DragKeys(wxPoint place) {
 void TimelineCanvas_cls::OnUp(wxMouseEvent& event) {
     const bool isPan = mGesture == Gesture::Pan;
     if (mGesture == Gesture::None || isPan != (event.GetEventType() == wxEVT_MIDDLE_UP)) return;
+    // A fast hand lets go beyond the last place that was told.
+    OnMotion(event);
     const bool keys = mGesture == Gesture::Keys || mGesture == Gesture::CurveKeys;
     if (mMoved && (mGesture == Gesture::Box || mGesture == Gesture::CurveBox)) DragBox(event.GetPosition());
     if (keys && !mMoved && !event.ShiftDown() && !event.ControlDown()) {
