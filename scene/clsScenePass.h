@@ -3,6 +3,7 @@
 #include <wx/string.h>
 
 #include <array>
+#include <optional>
 #include <span>
 
 #include "render/clsGLDrawData.h"
@@ -10,6 +11,7 @@
 #include "scene/clsViewCamera.h"
 
 class DrawOption_cls;
+class OverlayText_cls;
 class LightSRCCtrl_cls;
 class PDataSeqCtrl_cls;
 class PanelShared_cls;
@@ -23,6 +25,7 @@ struct SceneView_cls {
     ViewCamera_cls mCamera;                ///< from ChooseCamera(), or a free one
     double mTime = 0.0;                    ///< normalised, for what is key-framed
     const SnapData_cls* mState = nullptr;  ///< null: no particles
+    std::optional<double> mShownTime{};    ///< told in the overlay instead of the state's own
     int mWidth = 1;                        ///< of the target, pixels
     int mHeight = 1;
     /// Anchor mark, marks of lights, other cameras and messages: for a person at the window, not for saved
@@ -67,6 +70,7 @@ class ScenePass_cls {
     void DrawGuides(const SceneView_cls& view, const ViewCamera_cls& camera) const;
     void DrawAids(const SceneView_cls& view, const ViewCamera_cls& camera) const;
     void DrawOverlay(const SceneView_cls& view) const;
+    void DrawLegend(const SceneView_cls& view, const OverlayText_cls& text) const;
     std::array<float, 3> GetBackground() const;
 
     Links mLinks;
