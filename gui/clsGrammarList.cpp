@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kGap = 4;
 constexpr int kNameWidth = 90;
-constexpr int kListHeight = 210;
+constexpr int kListHeight = 228;
 
 }  // namespace
 
