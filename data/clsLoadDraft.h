@@ -29,6 +29,7 @@ class LoadDraft_cls {
     /// The file in words, or why it cannot be read.
     const wxString& GetWords() const { return mWords; }
     bool IsFileGood() const { return mIsFileGood; }
+    const FileKind_cls& GetKind() const { return mKind; }
 
     /// The files from the chosen one on are not numbered by one, or one file holds many steps.
     bool CanBeSeries() const { return HasManySteps() || !mSeries.IsOrdinary(); }

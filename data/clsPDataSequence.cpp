@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "data/clsParticleBuffer.h"
+#include "data/clsSeriesFolder.h"
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
 #include "render/clsGLAttribute.h"
@@ -29,6 +30,7 @@ PDataSequence_cls::~PDataSequence_cls() {
 }
 
 void PDataSequence_cls::OpenDataFile(const wxString& path) {
+    SeriesFolder_cls::Refresh(path);
     mFiles.Set(path);
     mFiles.CalcMaxOffset();
     SetIndividualFilenames();

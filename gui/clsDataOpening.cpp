@@ -55,34 +55,25 @@ wxString MakeSeries(wxWindow* parent, const LoadDraft_cls& draft) {
     return {};
 }
 
-void SetLoader(DataLoader_cls& loader, const DataLoader_cls& wanted) {
-    using Settings = std::shared_ptr<const DataLoader_cls>;
-    const auto copy = [](const DataLoader_cls& source) {
-        auto settings = std::make_shared<DataLoader_cls>();
-        settings->CopyFrom(source);
-        return Settings(settings);
+/// Makes a settings object like another one, as a step of the undo list.
+template <class Settings>
+void SetLike(const wxString& name, Settings& settings, const Settings& wanted) {
+    using Copy = std::shared_ptr<const Settings>;
+    const auto copy = [](const Settings& source) {
+        auto result = std::make_shared<Settings>();
+        result->CopyFrom(source);
+        return Copy(result);
     };
-    CommandSetValue_cls<Settings>::Push(
-        "Loader Settings", [&loader](const Settings& settings) { loader.CopyFrom(*settings); }, copy(loader),
-        copy(wanted), kSettingUpdates);
+    CommandSetValue_cls<Copy>::Push(
+        name, [&settings](const Copy& value) { settings.CopyFrom(*value); }, copy(settings), copy(wanted),
+        kSettingUpdates);
 }
 
 void SetBox(PeriodicBoundary_cls& periodic, const LoadPreset_cls::Box& box) {
-    const wxString name = "Periodic Box";
-    const auto set = [&name](auto& item, std::array<float, 3> values) {
-        auto wanted = item.mValue;
-        std::ranges::copy(values, wanted.begin());
-        SetValueCommand(name, item.mValue, wanted, kSettingUpdates);
-    };
-    SetValueCommand(name, periodic.mType.mValue,
-                    box.space ? PeriodicBoundary_cls::kSpaceXYZ : PeriodicBoundary_cls::kPlaneXY,
-                    kSettingUpdates);
-    set(periodic.mSize, {1.0F, 1.0F, 1.0F});
-    for (size_t axis = 0; axis < 3; ++axis) {
-        std::array<float, 3> edge{};
-        edge[axis] = box.length[axis];
-        set(periodic.mBaseVector[axis], edge);
-    }
+    PeriodicBoundary_cls wanted;
+    wanted.CopyFrom(periodic);
+    wanted.SetBox(box.space, box.length);
+    SetLike("Periodic Box", periodic, wanted);
 }
 
 /// False when it cannot be read, or the user does not want to wait.
@@ -110,7 +101,7 @@ bool OpenDraft(wxWindow* parent, FrameContext_cls& context, const LoadDraft_cls&
     const wxString path = MakeSeries(parent, draft);
     if (path.empty()) return false;
     const UndoBlock_cls block("Open Data");
-    SetLoader(context.dataLoader, draft.GetLoader());
+    SetLike("Loader Settings", context.dataLoader, draft.GetLoader());
     if (draft.mUseBox && draft.GetBox()) SetBox(context.periodicBoundary, *draft.GetBox());
     context.openData(path);
     if (draft.mColors == LoadDraft_cls::kColorByType) {
