@@ -5,6 +5,7 @@
 #include <wx/sizer.h>
 #include <wx/splitter.h>
 
+#include "gui/clsEditorParts.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsSettingsView.h"
 #include "timeline/clsUndoManager.h"
@@ -27,6 +28,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
       mMessage(*this),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
     MakeParts();
+    ConnectColorCurves(this, mContext);
     for (const int event : {EventSink_cls::kRefreshPanels, EventSink_cls::kRedraw,
                             EventSink_cls::kRefreshStatus, EventSink_cls::kRendererReturned}) {
         Bind(wxEVT_MENU, &FrameMain_cls::OnPosted, this, event);

@@ -57,6 +57,8 @@ class SnapData_cls {
     /// Four floats a particle.
     const float* GetColor() const { return mColor.As<float>(); }
     const uint8_t* GetType() const { return mSource.type; }
+    /// The snapshot it was made of, borrowed.
+    const SnapSource_cls& GetSource() const { return mSource; }
 
   private:
     bool Allocate(int count);
