@@ -148,7 +148,7 @@ wxString PovRayCtrl_cls::Export(int frame, Series series, bool first) const {
     const wxString obstacle = FindObstacle();
     if (!obstacle.empty()) return obstacle;
     const wxString name = GetFileStr(frame, series);
-    const wxString error = mSceneWriter ? mSceneWriter(frame, name, first) : wxString();
+    const wxString error = mSceneWriter ? mSceneWriter(frame, name, first, mProgress) : wxString();
     return error.empty() ? OutputPovRayIni(name, series) : error;
 }
 

@@ -82,11 +82,15 @@ class PovRayCtrl_cls {
 
     /// Writes the scene of a frame to the name with ".pov". Empty, or what went wrong. Set by the core, which
     /// has the data; what all frames share is written with `first`.
-    using SceneWriter = std::function<wxString(int frame, const wxString& name, bool first)>;
+    /// The share of a scene that is written, 0 to 1; false cancels it.
+    using Progress = std::function<bool(double share)>;
+    using SceneWriter =
+        std::function<wxString(int frame, const wxString& name, bool first, const Progress& progress)>;
     void SetSceneWriter(SceneWriter writer) { mSceneWriter = std::move(writer); }
     /// Told of every frame that is done, and with a frame of -1 whenever renders start or stop.
     using Observer = std::function<void(const PovRenderPool_cls::Outcome&)>;
     void SetObserver(Observer observer) { mObserver = std::move(observer); }
+    void SetProgress(Progress progress) { mProgress = std::move(progress); }
     /// Run by the shell after each renderer; not kept in projects.
     void SetPostSceneCommand(const wxString& command) { mPostSceneCommand = command; }
 
@@ -122,6 +126,7 @@ class PovRayCtrl_cls {
 
     SceneWriter mSceneWriter;
     Observer mObserver;
+    Progress mProgress;
     wxString mPostSceneCommand;
     std::vector<int> mFrames;
     size_t mNext = 0;

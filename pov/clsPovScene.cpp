@@ -1,18 +1,21 @@
 #include "pov/clsPovScene.h"
 
 #include <wx/image.h>
+#include <wx/log.h>
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <sstream>
 
+#include "data/clsPDataSeqCtrl.h"
 #include "data/clsSplitPath.h"
 #include "pov/clsPovRayCtrl.h"
 #include "pov/clsPovText.h"
+#include "render/clsDrawOption.h"
 #include "render/clsPanelShared.h"
 #include "scene/clsCameraPath.h"
 #include "scene/clsLightSRCCtrl.h"
-#include "scene/clsScenePass.h"
 #include "seam/clsTextCoding.h"
 
 namespace {
@@ -41,7 +44,7 @@ bool HasSteps(const Parameters_cls& parameter) {
 
 wxString PovScene_cls::GetExpressions(bool inSteps, double time) const {
     wxString text;
-    const auto add = [&](ParamGroup_cls& group) {
+    const auto add = [&](const ParamGroup_cls& group) {
         for (int i = 0; i < group.GetDimension(); ++i) {
             const Parameters_cls& parameter = group.GetParameter(i);
             if (HasSteps(parameter) != inSteps) continue;
@@ -53,7 +56,7 @@ wxString PovScene_cls::GetExpressions(bool inSteps, double time) const {
     for (size_t i = 0; i < CameraPath_cls::kGroupCount; ++i)
         add(mLinks.camera.GetGroup(static_cast<CameraPath_cls::Group>(i)));
     for (int light = 0; light < LightSRCCtrl_cls::kLights; ++light) {
-        LightSRC_cls& source = mLinks.lights.GetLight(light);
+        const LightSRC_cls& source = mLinks.view.lights.GetLight(light);
         if (!source.mVisible.mValue) continue;
         for (size_t i = 0; i < LightSRC_cls::kGroupCount; ++i)
             add(source.GetGroup(static_cast<LightSRC_cls::Group>(i)));
@@ -69,7 +72,7 @@ wxString PovScene_cls::GetCommonText(std::string* text) const {
     if (!stream) return file + ": the camera template is missing";
 
     const PovRayCtrl_cls& control = mLinks.control;
-    const auto& background = mLinks.shared.mBackground.mValue;
+    const auto& background = mLinks.view.shared.mBackground.mValue;
     const auto channel = [&](size_t c) { return wxString(ConfFloat_cls::Format(background[c])); };
     wxString head = "#version 3.7;\n\nglobal_settings {\n  assumed_gamma 1\n";
     head += wxString::Format("  max_trace_level %d\n",
@@ -83,9 +86,9 @@ wxString PovScene_cls::GetCommonText(std::string* text) const {
 }
 
 void PovScene_cls::WriteLights(PovText_cls& text, double time, const PovSpace_cls& space) const {
-    const bool hasShadows = mLinks.option.mShadow.mValue == DrawOption_cls::kShadowVolume;
+    const bool hasShadows = mLinks.view.option.mShadow.mValue == DrawOption_cls::kShadowVolume;
     for (int i = 0; i < LightSRCCtrl_cls::kLights; ++i) {
-        const LightSRC_cls& light = mLinks.lights.GetLight(i);
+        const LightSRC_cls& light = mLinks.view.lights.GetLight(i);
         if (!light.mVisible.mValue) continue;
         const bool placed = light.mType.mValue == LightSRC_cls::kFromPosition;
         Vector3 from = light.GetVector(placed ? LightSRC_cls::kPosition : LightSRC_cls::kDirection, time);
@@ -109,7 +112,7 @@ PovParticles_cls::Lighting PovScene_cls::GetLighting(double time) const {
     Vector3 diffuse{};
     Vector3 specular{};
     for (int i = 0; i < LightSRCCtrl_cls::kLights; ++i) {
-        const LightSRC_cls& light = mLinks.lights.GetLight(i);
+        const LightSRC_cls& light = mLinks.view.lights.GetLight(i);
         if (!light.mVisible.mValue) continue;
         for (size_t c = 0; c < 3; ++c) {
             diffuse[c] += light.GetVector(LightSRC_cls::kDiffuse, time)[c];
@@ -126,7 +129,16 @@ PovParticles_cls::Lighting PovScene_cls::GetLighting(double time) const {
 }
 
 PovParticles_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString& folder) const {
-    return {};
+    const auto& owner = mLinks.view.data.GetActive().GetAttributes()[static_cast<size_t>(attribute)];
+    const wxString file = owner->mTexFileBillboard.GetValueText();
+    wxImage image;
+    const wxLogNull quiet;
+    image.LoadFile(mLinks.resource(file));
+    PovParticles_cls::Sprite sprite;
+    sprite.file = wxString::Format("Billboard%d.png", attribute);
+    if (!image.IsOk()) return sprite;
+    image.SaveFile(folder + sprite.file, wxBITMAP_TYPE_PNG);
+    return sprite;
 }
 
 wxString PovScene_cls::Write(const SceneView_cls& view, int frame, const wxString& name, bool first,
@@ -149,7 +161,10 @@ wxString PovScene_cls::Write(const SceneView_cls& view, int frame, const wxStrin
     const bool fine = !control.GetFormat().mFastColoring.mValue;
     std::optional<PovParticles_cls> particles;
     if (view.mState && view.mPanel.mShowData.mValue) {
-        particles.emplace(*view.mState, mLinks.attributes, mLinks.option, fine);
+        DrawAttributes_cls attributes{};
+        for (size_t i = 0; i < attributes.size(); ++i)
+            attributes[i] = mLinks.view.data.GetActive().GetAttributes()[i].get();
+        particles.emplace(*view.mState, attributes, mLinks.view.option, fine);
         if (!particles->Gather(camera, space, progress)) return kCancelled;
     }
 

@@ -3,12 +3,10 @@
 #include <wx/string.h>
 
 #include "pov/clsPovParticles.h"
+#include "scene/clsScenePass.h"
 
 class CameraPath_cls;
-class LightSRCCtrl_cls;
-class PanelShared_cls;
 class PovRayCtrl_cls;
-struct SceneView_cls;
 
 /// Writes views of the scene as text for the ray tracer, such that it shows what the view shows: the same
 /// camera, background, lights and particles, and colours that are the view's numbers.
@@ -22,12 +20,9 @@ struct SceneView_cls;
 class PovScene_cls {
   public:
     struct Links {
+        ScenePass_cls::Links view;
         const PovRayCtrl_cls& control;
-        const PanelShared_cls& shared;
-        const DrawOption_cls& option;
-        LightSRCCtrl_cls& lights;
-        CameraPath_cls& camera;
-        DrawAttributes_cls attributes;
+        const CameraPath_cls& camera;
         /// A file that lies beside the program, by its name there.
         std::function<wxString(const wxString& name)> resource;
     };
