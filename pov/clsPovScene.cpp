@@ -32,6 +32,37 @@ constexpr const char* kDeclarations =
     "#declare Glow = finish { ambient 0 diffuse 0 emission 1 }\n"
     "#declare Layer = interior { ior 1.00001 }\n";
 
+/// Stands in for a texture that cannot be used.
+wxImage SoftDisc() {
+    constexpr int kSide = 64;
+    wxImage image(kSide, kSide);
+    image.SetRGB({0, 0, kSide, kSide}, 255, 255, 255);
+    image.SetAlpha();
+    for (int y = 0; y < kSide; ++y) {
+        for (int x = 0; x < kSide; ++x) {
+            const double r = std::hypot(x + 0.5 - kSide / 2, y + 0.5 - kSide / 2) / (kSide / 2);
+            const double fall = std::max(0.0, 1.0 - r * r);
+            image.SetAlpha(x, y, static_cast<unsigned char>(std::lround(255.0 * fall * fall)));
+        }
+    }
+    return image;
+}
+
+/// The colour of what can be seen of an image.
+std::array<float, 3> MeanColor(const wxImage& image) {
+    const auto pixels = static_cast<size_t>(image.GetWidth()) * static_cast<size_t>(image.GetHeight());
+    std::array<double, 3> sum{};
+    double weight = 0.0;
+    for (size_t i = 0; i < pixels; ++i) {
+        const double alpha = image.GetAlpha()[i];
+        for (size_t c = 0; c < 3; ++c) sum[c] += alpha * image.GetData()[3 * i + c] / 255.0;
+        weight += alpha;
+    }
+    std::array<float, 3> mean{1.0F, 1.0F, 1.0F};
+    for (size_t c = 0; c < 3 && weight > 0.0; ++c) mean[c] = static_cast<float>(sum[c] / weight);
+    return mean;
+}
+
 /// A value that moves in steps has no expression.
 bool HasSteps(const Parameters_cls& parameter) {
     const auto& keys = parameter.GetKeys();
@@ -136,7 +167,8 @@ PovParticles_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString&
     image.LoadFile(mLinks.resource(file));
     PovParticles_cls::Sprite sprite;
     sprite.file = wxString::Format("Billboard%d.png", attribute);
-    if (!image.IsOk()) return sprite;
+    if (!image.IsOk() || !image.HasAlpha()) image = SoftDisc();
+    sprite.tint = MeanColor(image);
     image.SaveFile(folder + sprite.file, wxBITMAP_TYPE_PNG);
     return sprite;
 }
