@@ -194,7 +194,7 @@ int Batch_cls::Render() {
     // A camera that nobody has placed depends on the first data only, so that parts of a film rendered apart
     // fit together.
     std::optional<PositionAndDirection_cls> fitted;
-    if (const SnapData_cls* first = PrepareState(0.0)) fitted = FitPanel(*first, panel);
+    if (const SnapData_cls* first = PrepareState(0.0)) fitted = FitPanel(BoundsOf(*first), panel);
     return DoFrames(*frames, [&](int frame, const wxString& name) {
         const double time = mMain.GetTimeCtrl().GetDoubleIndex(frame, 0);
         const SnapData_cls* state = PrepareState(mMain.GetTimeCtrl().GetRemappedIndexDouble(frame, 0));

@@ -16,6 +16,8 @@ class OffscreenBuffer_cls {
 
     /// Makes it the target of all drawing.
     void Bind() const;
+    /// Makes it the source of copies only.
+    void BindForReading() const;
     /// Three bytes a pixel, top row first.
     std::vector<uint8_t> ReadRGB() const;
 

@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "render/clsFitToData.h"
 #include "render/clsPositionAndDirection.h"
 
 class CameraPath_cls;
@@ -19,8 +20,10 @@ struct ViewCamera_cls {
 /// PanelSettings_cls::mDisplayMode: whose camera a panel shows.
 enum class DisplayMode : unsigned int { kFollowsPath = 0, kFree = 1 };
 
-/// The camera that shows the bulk of these particles in a panel of this geometry and angle.
-PositionAndDirection_cls FitPanel(const SnapData_cls& state, const PanelSettings_cls& panel);
+/// Where the bulk of the particles lies.
+DataBounds_cls BoundsOf(const SnapData_cls& state);
+/// The camera that shows these bounds whole in a panel of this geometry and angle.
+PositionAndDirection_cls FitPanel(const DataBounds_cls& bounds, const PanelSettings_cls& panel);
 
 /// The camera of a panel at a normalised time. A panel that follows the camera path takes its pose and angle
 /// from there. A free one, and one whose path nobody has touched yet, takes `free`, if there is one, and the
