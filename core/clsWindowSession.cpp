@@ -26,6 +26,7 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .periodicBoundary = main.GetPeriodicBoundary(),
             .cameraPath = main.GetCameraPath(),
             .lightSRCCtrl = main.GetLightSRCCtrl(),
+            .colorCurveCtrl = main.GetColorCurveCtrl(),
             .preference = main.GetPreference(),
             .panelShared = main.GetPanelShared(),
             .shadowSettings = main.GetShadowSettings(),
@@ -52,6 +53,7 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .prepareState = [&main](double position) { return main.PrepareState(position); },
             .cleanUpMemory = [&main](int snapshot) { main.CleanUpMemory(snapshot); },
             .waitThreadFinish = [&main] { main.WaitThreadFinish(); },
+            .applyPreferences = [&main] { main.ApplyPreferences(); },
             .quit = [&main] { return main.QuitProcess(); },
             .keepsUserSettings = !mLine.mConfig || !mLine.mConfig->empty()};
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 class CameraPath_cls;
+class ColorCurveCtrl_cls;
 class DataExporter_cls;
 class DataLoader_cls;
 class DrawOption_cls;
@@ -39,6 +40,7 @@ struct FrameContext_cls {
     PeriodicBoundary_cls& periodicBoundary;
     CameraPath_cls& cameraPath;
     LightSRCCtrl_cls& lightSRCCtrl;
+    ColorCurveCtrl_cls& colorCurveCtrl;
     Preference_cls& preference;
     PanelShared_cls& panelShared;
     ShadowSettings_cls& shadowSettings;
@@ -60,6 +62,8 @@ struct FrameContext_cls {
     std::function<const SnapData_cls*(double position)> prepareState;
     std::function<void(int currentSnapshot)> cleanUpMemory;
     std::function<void()> waitThreadFinish;
+    /// Hands changed preferences on to what works by them.
+    std::function<void()> applyPreferences;
     /// Writes the configuration file.
     std::function<bool()> quit;
     /// False when the user's files are neither to be read nor written.

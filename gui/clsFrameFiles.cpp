@@ -35,11 +35,10 @@ FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSe
       mContext(context),
       mUser(user),
       mReplaced(std::move(replaced)),
-      mRecovery(user.GetFolder(), {.isModified = [this] { return IsModified(); },
-                                   .getState = [this] { return mChanges; },
-                                   .save = [&context](const wxString& path) {
-                                       return context.saveRecovery(path);
-                                   }}) {}
+      mRecovery(user.GetFolder(),
+                {.isModified = [this] { return IsModified(); },
+                 .getState = [this] { return mChanges; },
+                 .save = [&context](const wxString& path) { return context.saveRecovery(path); }}) {}
 
 FrameFiles_cls::~FrameFiles_cls() = default;
 

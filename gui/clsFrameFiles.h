@@ -11,7 +11,8 @@
 class wxFrame;
 
 /// The window's document: which project is open, whether it has unsaved changes, and the ways in which
-/// projects and data come and go. Asks before changes are lost. Owned by the main window. Threads: GUI thread.
+/// projects and data come and go. Asks before changes are lost. Owned by the main window. Threads: GUI
+/// thread.
 class FrameFiles_cls {
   public:
     /// `replaced` is called after other data or another project have been opened or closed.

@@ -6,6 +6,7 @@
 #include <wx/splitter.h>
 
 #include "data/clsPDataSeqCtrl.h"
+#include "gui/clsEditorParts.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsFrameStatus.h"
 #include "gui/clsSettingsView.h"
@@ -17,7 +18,7 @@
 
 namespace {
 
-constexpr wxSize kFirstSize(1280, 800);
+const wxSize kFirstSize(1280, 800);
 constexpr int kTimelineHeight = 230;
 constexpr int kPagesWidth = 340;
 constexpr int kLeastPart = 120;
@@ -58,6 +59,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
       mMenu(*this),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
     MakeParts();
+    ConnectColorCurves(this, mContext);
     MakeMenus();
     PlaceWindow();
     SetDropTarget(new DropTarget_cls(*this));  // the window owns it
@@ -119,9 +121,13 @@ void FrameMain_cls::PlaceWindow() {
         SetSize(last->place);
         if (last->maximized) Maximize();
     }
-    SendSizeEvent();
-    mHalves->SetSashPosition(last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight));
-    if (mTop->IsSplit()) mTop->SetSashPosition(last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth));
+    const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
+    const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
+    // Distances from the far end need the sizes that the window manager grants.
+    CallAfter([this, sash, pages] {
+        mHalves->SetSashPosition(sash);
+        if (mTop->IsSplit()) mTop->SetSashPosition(pages);
+    });
 }
 
 // Commands

@@ -1,5 +1,6 @@
 #include <wx/aboutdlg.h>
 #include <wx/menu.h>
+#include <wx/msgdlg.h>
 
 #include "data/clsPDataSeqCtrl.h"
 #include "gui/clsFrameMain.h"
@@ -144,9 +145,9 @@ void FrameMain_cls::MakeMenus() {
         for (const FrameDialog_cls& dialog : FrameDialogs()) {
             if (dialog.menu != which) continue;
             if (std::exchange(first, false) && !entries.empty()) entries.push_back(kSeparator);
-            entries.push_back({.label = dialog.label,
-                               .help = dialog.help,
-                               .action = [this, &dialog] { dialog.open(this, mContext); }});
+            entries.push_back({.label = dialog.label, .help = dialog.help, .action = [this, &dialog] {
+                                   dialog.open(this, mContext);
+                               }});
         }
         return mMenu.Add(title, entries);
     };
@@ -167,10 +168,11 @@ void FrameMain_cls::MakeMenus() {
     add("&Data", Menu::Data, DataEntries());
     add("&Animation", Menu::Animation, AnimationEntries());
     add("&Render", Menu::Render, {});
-    mMenu.Add("&Help", {{.label = "&Mouse and Keys", .help = "What mouse and keys do", .action = [this] {
-                             ShowMouseAndKeys();
-                         }},
-                        {.label = "&About", .help = "Which version this is", .action = [this] { ShowAbout(); }}});
+    mMenu.Add("&Help",
+              {{.label = "&Mouse and Keys",
+                .help = "What mouse and keys do",
+                .action = [this] { ShowMouseAndKeys(); }},
+               {.label = "&About", .help = "Which version this is", .action = [this] { ShowAbout(); }}});
     mMenu.Finish();
 }
 

@@ -6,8 +6,6 @@
 
 #include "gui/clsViewGL.h"
 #include "render/clsOffscreenBuffer.h"
-#include "render/clsOpenGL.h"
-#include "render/clsPanelShared.h"
 #include "timeline/clsTimeCtrl.h"
 
 MainGLCanvas_cls::MainGLCanvas_cls(wxWindow* parent, unsigned int index, FrameContext_cls& context,
@@ -19,7 +17,7 @@ MainGLCanvas_cls::MainGLCanvas_cls(wxWindow* parent, unsigned int index, FrameCo
       mInstant(instant),
       mCamera(camera),
       mGL(gl),
-      mNavigator(*this, camera, instant) {
+      mNavigator(*this, camera, instant, context.preference) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -59,7 +57,7 @@ void MainGLCanvas_cls::OnPaint() {
             DrawScene(state);
             mStale = false;
         }
-        ShowPicture();
+        if (mPicture) mPicture->CopyToWindow(PixelSize().x, PixelSize().y);
         SwapBuffers();
     } else {
         mStale = false;
@@ -86,23 +84,4 @@ void MainGLCanvas_cls::DrawScene(const SnapData_cls* state) {
         mMessage = mGL.GetPass().GetMessage();
         if (mMessageObserver) CallAfter([this] { mMessageObserver(); });
     }
-}
-
-void MainGLCanvas_cls::ShowPicture() const {
-    const wxSize size = PixelSize();
-    glBindFramebuffer(GL_FRAMEBUFFER, 0);
-    glViewport(0, 0, size.x, size.y);
-    const auto& colour = mContext.panelShared.mBackground.mValue;
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    glDisable(GL_SCISSOR_TEST);
-    glClearColor(colour[0], colour[1], colour[2], 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT);
-    if (!mPicture) return;
-    mPicture->BindForReading();
-    // A picture of another size, from before a change of size, stays where its middle is.
-    const int x = (size.x - mPicture->GetWidth()) / 2;
-    const int y = (size.y - mPicture->GetHeight()) / 2;
-    glBlitFramebuffer(0, 0, mPicture->GetWidth(), mPicture->GetHeight(), x, y, x + mPicture->GetWidth(),
-                      y + mPicture->GetHeight(), GL_COLOR_BUFFER_BIT, GL_NEAREST);
-    glBindFramebuffer(GL_FRAMEBUFFER, 0);
 }

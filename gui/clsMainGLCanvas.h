@@ -35,7 +35,6 @@ class MainGLCanvas_cls : public wxGLCanvas {
   private:
     void OnPaint();
     void DrawScene(const SnapData_cls* state);
-    void ShowPicture() const;
     wxSize PixelSize() const;
 
     const unsigned int mIndex;

@@ -17,7 +17,7 @@ namespace {
 constexpr const char* kPrefix = "unsaved-";
 constexpr const char* kEnding = ".vhp";
 
-bool IsRunning(long process) {
+bool IsAlive(long process) {
     return process > 0 && (kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
 }
 
@@ -49,7 +49,7 @@ std::optional<wxString> Recovery_cls::FindLeft() const {
         long process = 0;
         if (!name.Mid(wxString(kPrefix).length()).BeforeFirst('.').ToLong(&process)) continue;
         const wxString path = mFolder + "/" + name;
-        if (path == mPath || !IsRunning(process)) return path;
+        if (path == mPath || !IsAlive(process)) return path;
     }
     return std::nullopt;
 }

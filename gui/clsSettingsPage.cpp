@@ -11,8 +11,6 @@
 
 #include <algorithm>
 
-#include "timeline/clsUndoManager.h"
-
 namespace {
 
 constexpr int kGap = 6;
@@ -31,14 +29,6 @@ SettingsPage_cls::SettingsPage_cls(wxWindow* parent)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL) {
     SetSizer(new wxBoxSizer(wxVERTICAL));
     SetScrollRate(0, FromDIP(kScrollStep));
-    mObserver = GCUndoList.AddObserver([this](std::uint64_t bits) {
-        constexpr std::uint64_t kShown = CommandItem_cls::kUpdatePanels | CommandItem_cls::kUpdateKeys;
-        if (bits & kShown) RefreshFromModel();
-    });
-}
-
-SettingsPage_cls::~SettingsPage_cls() {
-    GCUndoList.RemoveObserver(mObserver);
 }
 
 wxFlexGridSizer& SettingsPage_cls::Grid() {
@@ -194,6 +184,24 @@ void SettingsPage_cls::AddFile(const wxString& label, const wxString& tooltip, c
 void SettingsPage_cls::AddWindow(const wxString& label, wxWindow* window) {
     AddLabel(label);
     AddControl(window, true);
+}
+
+void SettingsPage_cls::AddWide(wxWindow* window) {
+    mGrid = nullptr;
+    GetSizer()->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+}
+
+void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Button>& buttons) {
+    AddLabel(label);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    for (const Button& entry : buttons) {
+        auto* button = new wxButton(this, wxID_ANY, entry.label, wxDefaultPosition, wxDefaultSize,
+                                    wxBU_EXACTFIT, wxDefaultValidator, entry.label);
+        button->SetToolTip(entry.tooltip);
+        button->Bind(wxEVT_BUTTON, [press = entry.press](wxCommandEvent&) { press(); });
+        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+    }
+    Grid().Add(row, wxSizerFlags().Expand());
 }
 
 void SettingsPage_cls::AddNote(const wxString& text) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "gui/clsNumberField.h"
+#include "gui/clsSettingsView.h"
 #include "gui/clsSliderField.h"
 
 class wxCheckBox;
@@ -17,10 +18,9 @@ class wxTextCtrl;
 /// it, so that every control is undoable, follows undo and redo, has a tooltip and is reached by the Tab key.
 /// A control bears the label of its row as its window name. Scrolls when it is higher than its place.
 /// Owned by its parent window. Threads: GUI thread.
-class SettingsPage_cls : public wxScrolledWindow {
+class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
   public:
     explicit SettingsPage_cls(wxWindow* parent);
-    ~SettingsPage_cls() override;
 
     /// Begins a part of the page under a heading. Rows before the first have none.
     void BeginGroup(const wxString& heading);
@@ -44,13 +44,23 @@ class SettingsPage_cls : public wxScrolledWindow {
                  const Setting_cls<wxString>& setting);
     /// A window of the caller's in the place of the control; it must be a child of this page.
     void AddWindow(const wxString& label, wxWindow* window);
+    /// The same across the page, as high as it wants to be.
+    void AddWide(wxWindow* window);
+    /// A row of buttons in the place of the control.
+    struct Button {
+        wxString label;
+        wxString tooltip;
+        std::function<void()> press;
+    };
+    void AddButtons(const wxString& label, const std::vector<Button>& buttons);
     /// A line that explains, across the page.
     void AddNote(const wxString& text);
     /// Called whenever the page shows its settings anew, e.g. to enable what has an effect.
     void AddRefresher(std::function<void()> refresher);
 
-    /// Shows all settings as they are now. Undo and redo cause it by themselves.
+    /// Shows all settings as they are now.
     void RefreshFromModel();
+    void ShowSettings(std::uint64_t) override { RefreshFromModel(); }
 
   private:
     void AddLabel(const wxString& label);
@@ -60,5 +70,4 @@ class SettingsPage_cls : public wxScrolledWindow {
 
     wxFlexGridSizer* mGrid = nullptr;
     std::vector<std::function<void()>> mRefreshers;
-    int mObserver;
 };

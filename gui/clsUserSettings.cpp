@@ -25,8 +25,9 @@ UserSettings_cls::UserSettings_cls(bool kept) {
     const wxLogNull silent;
     mFolder = UserFolder();
     wxFileName::Mkdir(mFolder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    mConfig = std::make_unique<wxFileConfig>(wxEmptyString, wxEmptyString, mFolder + "/" + kFile, wxEmptyString,
-                                             wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_NO_ESCAPE_CHARACTERS);
+    mConfig =
+        std::make_unique<wxFileConfig>(wxEmptyString, wxEmptyString, mFolder + "/" + kFile, wxEmptyString,
+                                       wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_NO_ESCAPE_CHARACTERS);
     mConfig->SetPath(kRecent);
     mRecent.Load(*mConfig);
     mConfig->SetPath("/");

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <wx/filehistory.h>
 #include <wx/fileconf.h>
+#include <wx/filehistory.h>
+#include <wx/gdicmn.h>
 #include <wx/string.h>
 
 #include <memory>

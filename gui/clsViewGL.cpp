@@ -39,6 +39,7 @@ bool ViewGL_cls::MakeCurrent(wxGLCanvas& canvas) {
     if (first) mContext = std::make_unique<wxGLContext>(&canvas);
     if (mContext->IsOK() && mContext->SetCurrent(canvas) && (!first || Check())) return true;
     mFailed = true;
-    UserMessage_cls::Tell("Warning", "This display has no OpenGL 2.1 with frame buffers: the views stay empty.");
+    UserMessage_cls::Tell("Warning",
+                          "This display has no OpenGL 2.1 with frame buffers: the views stay empty.");
     return false;
 }

@@ -12,13 +12,18 @@ namespace {
 constexpr int kWheelRestMs = 400;
 /// A hand that clicks moves less.
 constexpr int kClickPixels = 2;
+/// A zooming drag of this length does what a notch of the wheel does.
+constexpr double kPixelsPerNotch = 20.0;
 
 }  // namespace
 
-ViewNavigator_cls::ViewNavigator_cls(wxWindow& view, PanelCamera_cls& camera, ShownInstant_cls& instant)
-    : mView(view), mCamera(camera), mInstant(instant), mWheelRest(this) {
-    for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_MIDDLE_DOWN, wxEVT_LEFT_UP, wxEVT_MIDDLE_UP})
+ViewNavigator_cls::ViewNavigator_cls(wxWindow& view, PanelCamera_cls& camera, ShownInstant_cls& instant,
+                                     const Preference_cls& preference)
+    : mView(view), mCamera(camera), mInstant(instant), mPreference(preference), mWheelRest(this) {
+    for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN, wxEVT_LEFT_UP,
+                             wxEVT_MIDDLE_UP, wxEVT_RIGHT_UP}) {
         mView.Bind(type, &ViewNavigator_cls::OnButton, this);
+    }
     mView.Bind(wxEVT_MOTION, &ViewNavigator_cls::OnMotion, this);
     mView.Bind(wxEVT_MOUSEWHEEL, &ViewNavigator_cls::OnWheel, this);
     mView.Bind(wxEVT_LEFT_DCLICK, &ViewNavigator_cls::OnDoubleClick, this);
@@ -28,7 +33,7 @@ ViewNavigator_cls::ViewNavigator_cls(wxWindow& view, PanelCamera_cls& camera, Sh
 }
 
 ViewNavigator_cls::~ViewNavigator_cls() {
-    End();
+    if (mCamera.IsMoving()) mCamera.End();
 }
 
 CameraMotion::View ViewNavigator_cls::GetView() const {
@@ -36,16 +41,18 @@ CameraMotion::View ViewNavigator_cls::GetView() const {
     return mCamera.GetView(size.x, size.y);
 }
 
-void ViewNavigator_cls::Begin(Gesture gesture, const wxPoint& at) {
-    End();
-    mGesture = gesture;
-    mFrom = at;
-    mNotches = 0.0;
+ViewNavigator_cls::Drag ViewNavigator_cls::GetDrag(const wxMouseEvent& event) const {
+    if (event.MiddleDown()) return mPreference.GetGesture(Preference_cls::kMiddle);
+    if (event.RightDown()) return mPreference.GetGesture(Preference_cls::kRight);
+    if (event.ShiftDown()) return mPreference.GetGesture(Preference_cls::kShiftLeft);
+    if (event.ControlDown()) return mPreference.GetGesture(Preference_cls::kCtrlLeft);
+    if (event.AltDown()) return mPreference.GetGesture(Preference_cls::kAltLeft);
+    return mPreference.GetGesture(Preference_cls::kLeft);
 }
 
 void ViewNavigator_cls::End() {
     mWheelRest.Stop();
-    mGesture = Gesture::None;
+    mDrag = Drag::None;
     if (mView.HasCapture()) mView.ReleaseMouse();
     if (!mCamera.IsMoving()) return;
     mCamera.End();
@@ -55,31 +62,34 @@ void ViewNavigator_cls::End() {
 void ViewNavigator_cls::OnButton(wxMouseEvent& event) {
     event.Skip();
     if (event.ButtonUp()) {
-        if (mGesture == Gesture::Turn || mGesture == Gesture::Pan) End();
+        if (mDrag != Drag::None) End();
         return;
     }
     mView.SetFocus();
-    const bool pan = event.MiddleDown() || event.ShiftDown();
-    Begin(pan ? Gesture::Pan : Gesture::Turn, event.GetPosition());
-    if (!mView.HasCapture()) mView.CaptureMouse();
+    End();
+    mDrag = GetDrag(event);
+    mFrom = event.GetPosition();
+    if (mDrag != Drag::None) mView.CaptureMouse();
 }
 
 void ViewNavigator_cls::OnMotion(wxMouseEvent& event) {
-    if (mGesture != Gesture::Turn && mGesture != Gesture::Pan) return;
+    if (mDrag == Drag::None) return;
     const wxPoint way = event.GetPosition() - mFrom;
     if (!mCamera.IsMoving()) {
         if (std::abs(way.x) <= kClickPixels && std::abs(way.y) <= kClickPixels) return;
-        mCamera.Begin(mGesture == Gesture::Turn ? "Turn View" : "Move View");
+        mCamera.Begin(mDrag == Drag::Turn ? "Turn View" : mDrag == Drag::Pan ? "Move View" : "Zoom View");
     }
-    const auto move = mGesture == Gesture::Turn ? CameraMotion::Turn : CameraMotion::Pan;
-    mCamera.Move(move(mCamera.GetStart(), GetView(), way.x, way.y));
+    const PositionAndDirection_cls& start = mCamera.GetStart();
+    if (mDrag == Drag::Turn) mCamera.Move(CameraMotion::Turn(start, GetView(), way.x, way.y));
+    if (mDrag == Drag::Pan) mCamera.Move(CameraMotion::Pan(start, GetView(), way.x, way.y));
+    if (mDrag == Drag::Zoom) mCamera.Move(CameraMotion::Dolly(start, -way.y / kPixelsPerNotch));
 }
 
 void ViewNavigator_cls::OnWheel(wxMouseEvent& event) {
     if (event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL || event.GetWheelDelta() == 0) return;
-    if (mGesture == Gesture::Turn || mGesture == Gesture::Pan) return;
-    if (mGesture == Gesture::None) {
-        Begin(Gesture::Wheel, event.GetPosition());
+    if (mDrag != Drag::None) return;
+    if (!mCamera.IsMoving()) {
+        mNotches = 0.0;
         mCamera.Begin("Zoom View");
     }
     mNotches += static_cast<double>(event.GetWheelRotation()) / event.GetWheelDelta();

@@ -23,6 +23,7 @@ const std::array<const char*, 5> kWhose = {"Camera", "Free", "Front", "Side", "T
 
 constexpr int kAngleCharacters = 5;
 constexpr int kMarkHeight = 2;
+constexpr int kButtonGap = 6;
 
 template <size_t count>
 wxArrayString Texts(const std::array<const char*, count>& words) {
@@ -90,12 +91,12 @@ void ViewToolbar_cls::ChooseCamera(int choice) {
 
 void ViewToolbar_cls::AddAngle() {
     const NumberLimits_cls limits{.min = 0.1, .max = 360.0, .unit = L"\u00B0", .step = 1.0};
-    mAngle = new NumberField_cls(this, "View Angle",
-                                 "View angle in degrees across the view's shorter side; perspective views "
-                                 "show at most 120",
-                                 limits,
-                                 {[this] { return mCamera.Get().mAngle; },
-                                  [this](const double& angle) { mCamera.SetAngle(angle); }});
+    mAngle = new NumberField_cls(
+        this, "View Angle",
+        "View angle in degrees across the view's shorter side; perspective views "
+        "show at most 120",
+        limits,
+        {[this] { return mCamera.Get().mAngle; }, [this](const double& angle) { mCamera.SetAngle(angle); }});
     wxTextCtrl& text = mAngle->GetText();
     text.SetMinSize(text.GetSizeFromTextSize(text.GetTextExtent(wxString('0', kAngleCharacters))));
     mRow->Add(mAngle, wxSizerFlags().CenterVertical().Border(wxRIGHT, FromDIP(4)));
@@ -108,7 +109,7 @@ void ViewToolbar_cls::AddButton(const wxString& icon, const wxString& name, cons
     button->SetToolTip(tip);
     button->SetName(name);
     button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
-    mRow->Add(button, wxSizerFlags().CenterVertical());
+    mRow->Add(button, wxSizerFlags().CenterVertical().Border(wxLEFT, FromDIP(kButtonGap)));
 }
 
 void ViewToolbar_cls::AddSwitch(const wxString& icon, const wxString& tip, ConfItemBOOL_cls& setting) {
@@ -120,7 +121,7 @@ void ViewToolbar_cls::AddSwitch(const wxString& icon, const wxString& tip, ConfI
     button->Bind(wxEVT_TOGGLEBUTTON, [tip, &setting](wxCommandEvent& event) {
         BindAs<bool>(tip, setting.mValue).set(event.IsChecked());
     });
-    mRow->Add(button, wxSizerFlags().CenterVertical());
+    mRow->Add(button, wxSizerFlags().CenterVertical().Border(wxLEFT, FromDIP(kButtonGap)));
     mSwitches.push_back({button, &setting});
 }
 

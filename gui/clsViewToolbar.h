@@ -5,10 +5,10 @@
 #include <functional>
 #include <vector>
 
+#include "CONFITEM/clsConfItem.h"
 #include "gui/clsPanelCamera.h"
 #include "gui/clsSettingsView.h"
 
-class ConfItemBOOL_cls;
 class NumberField_cls;
 class wxBoxSizer;
 class wxChoice;

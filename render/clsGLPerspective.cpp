@@ -67,3 +67,20 @@ void GLPerspective_cls::SetPerspectiveOnGL(const PositionAndDirection_cls& camer
     glViewport((mWindowWidth - side) / 2, (mWindowHeight - side) / 2, side, side);
     gluPerspective(GetProjectionAngle(), 1.0, mNear, mFar);
 }
+
+void GLPerspective_cls::Push2DMatrix(int width, int height) {
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(0.0, width, 0.0, height, -1.0, 1.0);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+}
+
+void GLPerspective_cls::Pop2DMatrix() {
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+}

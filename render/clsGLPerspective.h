@@ -39,6 +39,10 @@ class GLPerspective_cls {
     /// becomes that square around the window: pixels stay square and the picture keeps its angle.
     void SetPerspectiveOnGL(const PositionAndDirection_cls& camera) const;
 
+    /// Pixels as units, from the lower left corner, until Pop2DMatrix(): for what lies over the picture.
+    static void Push2DMatrix(int width, int height);
+    static void Pop2DMatrix();
+
   private:
     bool mPerspective = true;
     bool mOrthoByWidth = false;

@@ -16,8 +16,9 @@ class OffscreenBuffer_cls {
 
     /// Makes it the target of all drawing.
     void Bind() const;
-    /// Makes it the source of copies only.
-    void BindForReading() const;
+    /// Copies the picture to the window's own frame buffer of this size: the middle on the middle, and black
+    /// around one that is smaller.
+    void CopyToWindow(int width, int height) const;
     /// Three bytes a pixel, top row first.
     std::vector<uint8_t> ReadRGB() const;
 

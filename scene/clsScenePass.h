@@ -2,6 +2,9 @@
 
 #include <wx/string.h>
 
+#include <array>
+#include <span>
+
 #include "render/clsGLDrawData.h"
 #include "render/clsPanelSettings.h"
 #include "scene/clsViewCamera.h"
@@ -22,8 +25,10 @@ struct SceneView_cls {
     const SnapData_cls* mState = nullptr;  ///< null: no particles
     int mWidth = 1;                        ///< of the target, pixels
     int mHeight = 1;
-    /// Anchor mark, marks of lights and messages: for a person at the window, not for saved pictures.
+    /// Anchor mark, marks of lights, other cameras and messages: for a person at the window, not for saved
+    /// pictures.
     bool mAids = false;
+    std::span<const ViewCamera_cls> mOtherCameras{};  ///< of the other panels
 };
 
 /// Draws one view of the scene into whatever frame buffer and OpenGL context are current: a canvas of the
@@ -53,9 +58,16 @@ class ScenePass_cls {
     const wxString& GetMessage() const { return mMessage; }
 
   private:
-    void DrawScene(const SceneView_cls& view, const ViewCamera_cls& camera);
+    enum class Projection { Perspective, Orthographic };
+    void DrawScene(const SceneView_cls& view, const ViewCamera_cls& camera, Projection projection, int width,
+                   int height);
+    void DrawRound(const SceneView_cls& view, const ViewCamera_cls& camera);
     void ClearBuffer() const;
     void DrawData(const SceneView_cls& view);
+    void DrawGuides(const SceneView_cls& view, const ViewCamera_cls& camera) const;
+    void DrawAids(const SceneView_cls& view, const ViewCamera_cls& camera) const;
+    void DrawOverlay(const SceneView_cls& view) const;
+    std::array<float, 3> GetBackground() const;
 
     Links mLinks;
     wxString mMessage;

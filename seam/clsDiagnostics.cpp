@@ -9,7 +9,7 @@
 namespace {
 std::atomic<bool> diagnosticsOn{true};
 std::function<void()> lastWork;
-}
+}  // namespace
 
 void PrintDiagnostic(const char* format, ...) {
     if (!diagnosticsOn.load(std::memory_order_relaxed)) return;
