@@ -2,14 +2,12 @@
 
 #include <wx/panel.h>
 
-#include <functional>
-#include <memory>
 #include <vector>
 
+#include "gui/clsTimelineModel.h"
 #include "gui/clsTimelinePlayBar.h"
 
-class ParamGroup_cls;
-class TimeCtrl_cls;
+class TimelineCanvas_cls;
 
 /// The bottom half of the main window: play controls, ruler, and a lane of keys for each parameter group.
 /// It observes the undo list and shows by itself what a step has changed. Changes that no step follows (a
@@ -25,10 +23,14 @@ class TimelinePanel_cls : public wxPanel {
     void TogglePlay() { mPlayBar->TogglePlay(); }
     /// Shows the timeline and the groups as they are now.
     void RefreshFromModel();
+    /// The key dialog of a group's keys at a time, for the operation that opens it from anywhere.
+    void EditKey(ParamGroup_cls& group, double t);
 
   private:
-    TimeCtrl_cls& mTimeCtrl;
-    const std::vector<ParamGroup_cls*>& mGroups;
+    void AddSwitches();
+
+    TimelineModel_cls mModel;
     TimelinePlayBar_cls* mPlayBar;
+    TimelineCanvas_cls* mCanvas;
     int mObserver = 0;
 };

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr long long kRateWindowMs = 500;
+const wxSize kButtonSize{30, 28};
 
 void ShowNumber(wxSpinCtrl& control, int value) {
     if (control.GetValue() != value) control.SetValue(value);
@@ -70,6 +71,7 @@ wxBitmapButton* TimelinePlayBar_cls::AddButton(const wxString& icon, const wxStr
                                                std::function<void()> action) {
     auto* button = new wxBitmapButton(this, wxID_ANY, Icons_cls::Get(icon, *this), wxDefaultPosition,
                                       wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT);
+    button->SetMinSize(FromDIP(kButtonSize));
     button->SetToolTip(tip);
     button->SetName(icon);
     button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
@@ -82,6 +84,7 @@ void TimelinePlayBar_cls::AddSwitch(const wxString& icon, const wxString& tip, s
     auto* button = new wxToggleButton(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                       wxBORDER_NONE | wxBU_EXACTFIT);
     button->SetBitmap(Icons_cls::Get(icon, *this));
+    button->SetMinSize(FromDIP(kButtonSize));
     button->SetToolTip(tip);
     button->SetName(icon);
     button->SetValue(isOn());

@@ -122,6 +122,6 @@ void ScenePass_cls::DrawAids(const SceneView_cls& view, const ViewCamera_cls& ca
 void ScenePass_cls::DrawOverlay(const SceneView_cls& view) const {
     if (!view.mPanel.mShowMessage.mValue) return;
     const OverlayText_cls text(view.mHeight, GetBackground());
-    if (view.mState) text.DrawTime(view.mState->GetTime());
+    if (view.mState) text.DrawTime(view.mShownTime.value_or(view.mState->GetTime()));
     if (view.mAids) text.DrawMessage(mMessage);
 }

@@ -3,6 +3,7 @@
 #include <wx/string.h>
 
 #include <array>
+#include <optional>
 #include <span>
 
 #include "render/clsGLDrawData.h"
@@ -23,6 +24,7 @@ struct SceneView_cls {
     ViewCamera_cls mCamera;                ///< from ChooseCamera(), or a free one
     double mTime = 0.0;                    ///< normalised, for what is key-framed
     const SnapData_cls* mState = nullptr;  ///< null: no particles
+    std::optional<double> mShownTime{};    ///< told in the overlay instead of the state's own
     int mWidth = 1;                        ///< of the target, pixels
     int mHeight = 1;
     /// Anchor mark, marks of lights, other cameras and messages: for a person at the window, not for saved

@@ -37,10 +37,14 @@ PositionAndDirection_cls FitPanel(const DataBounds_cls& bounds, const PanelSetti
     return camera;
 }
 
+bool IsCameraFree(const CameraPath_cls& path, const PanelSettings_cls& panel) {
+    return panel.mDisplayMode.mValue != static_cast<unsigned int>(DisplayMode::kFollowsPath) ||
+           path.IsUntouched();
+}
+
 ViewCamera_cls ChooseCamera(const CameraPath_cls& path, const PanelSettings_cls& panel, double time,
                             const std::optional<PositionAndDirection_cls>& free) {
-    const bool follows = panel.mDisplayMode.mValue == static_cast<unsigned int>(DisplayMode::kFollowsPath);
-    if (follows && !path.IsUntouched()) return {path.GetPose(time), path.GetAngle(time)};
+    if (!IsCameraFree(path, panel)) return {path.GetPose(time), path.GetAngle(time)};
     return {free.value_or(path.GetPose(time)), static_cast<double>(panel.mPersAngle.mValue)};
 }
 

@@ -25,9 +25,11 @@ DataBounds_cls BoundsOf(const SnapData_cls& state);
 /// The camera that shows these bounds whole in a panel of this geometry and angle.
 PositionAndDirection_cls FitPanel(const DataBounds_cls& bounds, const PanelSettings_cls& panel);
 
+/// True where the panel does not follow the camera path, or nobody has touched that yet.
+bool IsCameraFree(const CameraPath_cls& path, const PanelSettings_cls& panel);
+
 /// The camera of a panel at a normalised time. A panel that follows the camera path takes its pose and angle
-/// from there. A free one, and one whose path nobody has touched yet, takes `free`, if there is one, and the
-/// panel's own angle.
+/// from there. A free one takes `free`, if there is one, and the panel's own angle.
 ViewCamera_cls ChooseCamera(const CameraPath_cls& path, const PanelSettings_cls& panel, double time,
                             const std::optional<PositionAndDirection_cls>& free);
 
