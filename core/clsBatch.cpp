@@ -2,36 +2,24 @@
 
 #include <unistd.h>
 
-#include <cmath>
-#include <csignal>
 #include <cstdio>
 #include <utility>
 
+#include "core/clsFilm.h"
+#include "core/clsInterrupt.h"
 #include "core/clsProgress.h"
-#include "data/clsFileSequence.h"
 #include "data/clsLayoutHint.h"
 #include "interp/clsSnapData.h"
-#include "output/clsImageFile.h"
 #include "output/clsStateFile.h"
-#include "render/clsScenePass.h"
 #include "seam/clsDiagnostics.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
 
-namespace {
-
-constexpr size_t kMissingNamed = 3;
-
-volatile std::sig_atomic_t interrupted = 0;
-
-void OnInterrupt(int) {
-    interrupted = 1;
-}
-
-}  // namespace
-
 Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
-    : mLine(std::move(line)), mMain(programFolder), mProject(mMain.GetProjectFile()) {
+    : mLine(std::move(line)),
+      mMain(programFolder),
+      mProject(mMain.GetProjectFile()),
+      mSource(mMain, mLine.mVerbose) {
     // On a terminal the lines would tear the progress bar apart.
     const bool terminal = isatty(STDOUT_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
     if (mLine.mQuiet || (terminal && !mLine.mVerbose)) SetDiagnosticsOn(false);
@@ -98,7 +86,7 @@ int Batch_cls::Info() {
         const wxString& path = sequence.GetFilename(i);
         const auto file = InputFile_cls::Open(path);
         if (!file) {
-            TellFaults(i);
+            mSource.TellFaults(i);
             continue;
         }
         PDataBlock_cls block;
@@ -109,7 +97,7 @@ int Batch_cls::Info() {
         if (problems.empty()) {
             TellLeftover(*file, path, block.GetCount());
         } else {
-            mAnyFault = true;
+            mSource.NoteFault();
         }
         particles += block.GetCount();
         std::printf("%6d  t = %-14.9g %10d particles  %s\n", i, block.GetTime(), block.GetCount(),
@@ -145,20 +133,16 @@ std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {
 
 int Batch_cls::DoFrames(const FrameRange_cls& frames,
                         const std::function<wxString(int frame, const wxString& name)>& work) {
-    const FileSequence_cls names(mLine.mPattern);
-    std::signal(SIGINT, OnInterrupt);
-    std::signal(SIGTERM, OnInterrupt);
+    const FrameNames_cls names(mLine.mPattern, frames);
+    Interrupt_cls::Install();
     Progress_cls progress((frames.mLast - frames.mFirst) / frames.mStep + 1, mLine.mQuiet);
     for (int frame = frames.mFirst; frame <= frames.mLast; frame += frames.mStep) {
-        if (interrupted) {
+        if (Interrupt_cls::IsRaised()) {
             progress.End();
             PrintError("interrupted; the files written so far are whole");
             return kInterrupted;
         }
-        // A single frame gets the name as it stands, also when that ends in a number.
-        const bool pattern = names.GetPath() == names.GetFormat();
-        const wxString name =
-            frames.mFirst == frames.mLast && !pattern ? names.GetPath() : names.GetModifiedStr(frame);
+        const wxString name = names.Of(frame);
         const wxString error = work(frame, name);
         if (!error.empty()) {
             progress.End();
@@ -175,19 +159,14 @@ int Batch_cls::Render() {
     if (!HasData() || !IsNumberedByOne()) return kFailed;
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
-    wxString why;
-    const auto scene = ScenePass_cls::Create(mLine.mWidth, mLine.mHeight, &why);
-    if (!scene) {
-        PrintError(why);
-        return kFailed;
+    switch (Film_cls(mMain, mSource, mLine, *frames).Run()) {
+        case Film_cls::Result::Interrupted:
+            return kInterrupted;
+        case Film_cls::Result::Failed:
+            return kFailed;
+        default:
+            return Outcome();
     }
-    scene->SetBackground(mMain.GetPanelShared().mBackground.mValue);
-    // The camera depends on the data only, so that parts of a film rendered apart fit together.
-    if (const SnapData_cls* first = PrepareState(0.0)) scene->FitTo(*first);
-    return DoFrames(*frames, [&](int frame, const wxString& name) {
-        const SnapData_cls* state = PrepareState(mMain.GetTimeCtrl().GetRemappedIndexDouble(frame, 0));
-        return ImageFile_cls::Write(name, mLine.mWidth, mLine.mHeight, scene->Draw(state));
-    });
 }
 
 int Batch_cls::Export() {
@@ -207,7 +186,7 @@ int Batch_cls::Export() {
 }
 
 wxString Batch_cls::WriteState(const wxString& name, double position) {
-    const SnapData_cls* state = PrepareState(position);
+    const SnapData_cls* state = mSource.Prepare(position);
     const DataExporter_cls& exporter = mMain.GetDataExporter();
     if (!state) return WriteParticleState(name, {}, exporter);
     const PDataBlock_cls& block =
@@ -225,39 +204,8 @@ wxString Batch_cls::WriteState(const wxString& name, double position) {
                               exporter);
 }
 
-const SnapData_cls* Batch_cls::PrepareState(double position) {
-    const int snapshot = static_cast<int>(std::floor(position));
-    mMain.CleanUpMemory(snapshot);
-    if (mLine.mVerbose) {
-        PrintError(wxString::Format("data position %g: %d of %d MB in memory", position,
-                                    mMain.GetUsedTotalMemoryMB(), mMain.GetMemoryLimitMB()));
-    }
-    const SnapData_cls* state = mMain.PrepareState(position);
-    TellFaults(snapshot);
-    if (position != snapshot) TellFaults(snapshot + 1);
-    return state;
-}
-
-void Batch_cls::TellFaults(int snapshot) {
-    PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
-    PDataSnap_cls& snap = sequence.GetSnap(snapshot);
-    for (const wxString& problem : snap.TakeProblems()) {
-        mAnyFault = true;
-        PrintError(problem);
-    }
-    if (snap.IsFileValid() || !mMissing.insert(snap.GetIndex()).second) return;
-    // Series numbered in steps ("dump.0", "dump.1000") miss most of their members: not a line for each.
-    wxString why;
-    InputFile_cls::Open(snap.GetFilePath(), &why);
-    if (mMissing.size() <= kMissingNamed) PrintError(snap.GetFilePath() + ": " + why);
-}
-
 int Batch_cls::Outcome() const {
-    if (mMissing.size() > kMissingNamed) {
-        PrintError(wxString::Format(
-            "%zu files of the series cannot be opened; files are counted in steps of 1", mMissing.size()));
-    }
-    return mAnyFault || !mMissing.empty() ? kFailed : kDone;
+    return mSource.IsFaultless() ? kDone : kFailed;
 }
 
 int Batch_cls::Save() {

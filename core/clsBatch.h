@@ -1,8 +1,10 @@
 #pragma once
 
-#include <set>
+#include <functional>
+#include <optional>
 
 #include "core/clsCommandLine.h"
+#include "core/clsFrameSource.h"
 #include "core/clsMain.h"
 #include "core/clsProjectFile.h"
 
@@ -31,9 +33,6 @@ class Batch_cls {
     /// Does one frame after the other. The work returns what went wrong, empty for nothing.
     int DoFrames(const FrameRange_cls& frames,
                  const std::function<wxString(int frame, const wxString& name)>& work);
-    /// The particles of a data position; what is wrong with its files is told once.
-    const SnapData_cls* PrepareState(double position);
-    void TellFaults(int snapshot);
     /// Says once what a file holds behind its particles; no fault.
     void TellLeftover(const InputFile_cls& file, const wxString& path, int particles);
     wxString WriteState(const wxString& name, double position);
@@ -43,7 +42,6 @@ class Batch_cls {
     CommandLine_cls mLine;
     Main_cls mMain;
     ProjectFile_cls& mProject;
-    bool mAnyFault = false;
+    FrameSource_cls mSource;
     bool mLeftoverTold = false;
-    std::set<int> mMissing;
 };

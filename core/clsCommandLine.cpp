@@ -17,6 +17,8 @@ enum Option : int {
     kSave,
     kFrames,
     kSize,
+    kMovie,
+    kResume,
     kSet,
     kConfig,
     kNoConfig,
@@ -33,6 +35,8 @@ const option kOptions[] = {{"info", no_argument, nullptr, kInfo},
                            {"save", required_argument, nullptr, kSave},
                            {"frames", required_argument, nullptr, kFrames},
                            {"size", required_argument, nullptr, kSize},
+                           {"movie", required_argument, nullptr, kMovie},
+                           {"resume", no_argument, nullptr, kResume},
                            {"set", required_argument, nullptr, kSet},
                            {"config", required_argument, nullptr, kConfig},
                            {"no-config", no_argument, nullptr, kNoConfig},
@@ -77,6 +81,8 @@ wxString FindConflict(const CommandLine_cls& line) {
         return line.mProject + ": a project's name must end in .vhp";
     }
     if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
+    if ((line.mResume || !line.mMovie.empty()) && line.mAction != Action::Render)
+        return "--movie and --resume go with --render";
     return {};
 }
 
@@ -141,6 +147,13 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                                                  kMaxPictureSize));
                 }
                 break;
+            case kMovie:
+                if (value.empty()) return fail("--movie: the file's name is missing");
+                line.mMovie = value;
+                break;
+            case kResume:
+                line.mResume = true;
+                break;
             case kSet:
                 if (!value.Contains("=")) return fail("--set " + value + ": expected KEY=VALUE");
                 line.mSettings.push_back(value);
@@ -191,6 +204,8 @@ FILE is a project (.vhp) or the first file of a data series, for example snap000
   --at POSITION              with --export: one data position (snapshot number with fraction, e.g. 3.25) instead;
                              the pattern is then the file's name as it stands
   --size WxH                 picture size; default 1280x720
+  --movie FILE               with --render: also make a film of the frames (needs ffmpeg)
+  --resume                   with --render: keep the pictures that are complete
   --set KEY=VALUE            any line of a project file, applied after FILE; may be repeated
   --config PATH              another per-user configuration file
   --no-config                no configuration file

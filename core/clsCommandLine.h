@@ -25,6 +25,8 @@ struct CommandLine_cls {
     wxString mProject;  ///< of --save
     std::optional<FrameRange_cls> mFrames;
     std::optional<double> mAt;  ///< --export: this data position instead of frames
+    wxString mMovie;            ///< --render: also this film; empty: none
+    bool mResume = false;       ///< --render: keep pictures that are complete
     int mWidth = 1280;
     int mHeight = 720;
     std::vector<wxString> mSettings;  ///< KEY=VALUE lines in order

@@ -10,6 +10,7 @@
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
 #include "render/clsGLAttribute.h"
+#include "render/clsZSort.h"
 #include "seam/clsClock.h"
 #include "seam/clsEventSink.h"
 #include "seam/clsUserMessage.h"
@@ -31,11 +32,13 @@ Main_cls::Main_cls(const wxString& programFolder)
       mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
+    ZSort_cls::mspCPreferenceLink = &mPreference;
     mDataLoader.SetOpenCommand([this](const wxString& path) { OpenDataFileCommand(path); });
     ComParamBase_cls::SetLookUp([this](const wxString& id) { return GetPCParamFromID(id); });
     for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) {
         // The state on screen borrows from the snapshot it was made of.
-        mSeqCtrl.GetSequence(i).SetReleaseObserver([this](const PDataBlock_cls&) { DropState(); });
+        mSeqCtrl.GetSequence(i).SetReleaseObserver(
+            [this](const PDataBlock_cls& block) { mState.ReleaseIfOf(block); });
     }
     HangUpGroups();
     mProjectFile = std::make_unique<ProjectFile_cls>(*this);
@@ -50,6 +53,7 @@ Main_cls::~Main_cls() {
     mSeqCtrl.ClearData(PDataSeqCtrl_cls::kAllSequences, PDataSequence_cls::kAll, true);
     PDataBlock_cls::mspCDataLoaderLink = nullptr;
     PDataBlock_cls::mspCPeriodicLink = nullptr;
+    ZSort_cls::mspCPreferenceLink = nullptr;
 }
 
 void Main_cls::HangUpGroups() {
@@ -117,7 +121,7 @@ void Main_cls::CutLongSeries() {
 void Main_cls::CloseData() {
     WaitThreadFinish();
     mSeqCtrl.ClearData(PDataSeqCtrl_cls::kActive, PDataSequence_cls::kAll, true);
-    DropState();
+    mState.Release();
 }
 
 void Main_cls::WaitThreadFinish() {
@@ -137,10 +141,6 @@ void Main_cls::CleanUpMemory(int currentSnapshot) {
     mSeqCtrl.CleanUpMemory(currentSnapshot, mTimeCtrl.GetSkippingStep());
 }
 
-void Main_cls::DropState() {
-    if (mState) mState->ReleaseData();
-}
-
 const SnapData_cls* Main_cls::PrepareState(double position) {
     PDataSequence_cls& sequence = mSeqCtrl.GetActive();
     if (sequence.GetSeqLength() == 0) return nullptr;
@@ -155,10 +155,17 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
     if (!snap.IsItLoaded() || snap.GetParticleNumber() == 0) return nullptr;
 
     const double tau = sequence.GetDT(index, fraction);
-    if (!mState) mState = std::make_unique<SnapData_cls>();
-    mState->Build(SnapSource_cls::Of(snap.GetBlock()), sequence.GetSnapAttributes(), tau,
-                  mDrawOption.GetStep());
-    return mState.get();
+    DrawAttributes_cls attributes{};
+    for (size_t i = 0; i < attributes.size(); ++i) attributes[i] = sequence.GetAttributes()[i].get();
+    return &mState.Get(snap.GetBlock(), attributes, tau, mDrawOption.GetStep());
+}
+
+ScenePass_cls::Links Main_cls::GetSceneLinks() {
+    return {.shared = mPanelShared,
+            .option = mDrawOption,
+            .lights = mLightSRCCtrl,
+            .periodic = mPeriodicBoundary,
+            .data = mSeqCtrl};
 }
 
 Parameters_cls* Main_cls::GetPCParamFromID(const wxString& identifier) {

@@ -8,19 +8,22 @@
 #include <optional>
 #include <vector>
 
-#include "core/clsFrameSettings.h"
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "gui/clsFrameSettings.h"
 #include "interp/clsPeriodicBoundary.h"
 #include "output/clsDataExporter.h"
 #include "pov/clsPovRayCtrl.h"
+#include "render/clsColorCurveCtrl.h"
+#include "render/clsDisplayedState.h"
 #include "render/clsDrawOption.h"
 #include "render/clsPanelSettings.h"
 #include "render/clsPanelShared.h"
 #include "render/clsShadowSettings.h"
 #include "scene/clsCameraPath.h"
 #include "scene/clsLightSRCCtrl.h"
+#include "scene/clsScenePass.h"
 #include "timeline/clsTimeCtrl.h"
 
 class ProjectFile_cls;
@@ -71,6 +74,8 @@ class Main_cls {
     /// What follows from settings that were just read: preferences are handed on, lights show their tracks,
     /// and a series that is too long is cut.
     void FinishReading();
+    /// Hands the preferences on to what works by them.
+    void ApplyPreferences();
     /// Reads the configuration, once, before anything else: the usual file, which need not be there; another
     /// one, which must; or none, for an empty path. False when it cannot be opened. Then the window may draw.
     bool ReadConfiguration(const std::optional<wxString>& path);
@@ -95,16 +100,17 @@ class Main_cls {
     Preference_cls& GetPreference() { return mPreference; }
     PeriodicBoundary_cls& GetPeriodicBoundary() { return mPeriodicBoundary; }
     LightSRCCtrl_cls& GetLightSRCCtrl() { return mLightSRCCtrl; }
+    ColorCurveCtrl_cls& GetColorCurveCtrl() { return mColorCurveCtrl; }
     PovRayCtrl_cls& GetPovRayCtrl() { return mPovRayCtrl; }
+    /// What the views of the scene share.
+    ScenePass_cls::Links GetSceneLinks();
     /// The trees of the timeline, the camera's first.
     const std::vector<ParamGroup_cls*>& GetTimeGroups() const { return mTimeGroups; }
 
   private:
     TimeHost_cls MakeTimeHost();
     void HangUpGroups();
-    void ApplyPreferences();
     void CutLongSeries();
-    void DropState();
 
     // The order is the order of creation. Places of what is not built yet are named.
     wxString mConfigPath;
@@ -126,7 +132,8 @@ class Main_cls {
     PeriodicBoundary_cls mPeriodicBoundary;
     // CameraPathCtrl_cls
     LightSRCCtrl_cls mLightSRCCtrl;
-    // ColorCurveCtrl_cls, TexPropertyCtrl_cls
+    ColorCurveCtrl_cls mColorCurveCtrl;
+    // TexPropertyCtrl_cls
     PovRayCtrl_cls mPovRayCtrl;
     // ImgSequence_cls, StereoGram_cls
     ParamGroup_cls mCameraGroup{"Camera Path"};
@@ -134,6 +141,6 @@ class Main_cls {
     // Scene_cls
 
     std::vector<ParamGroup_cls*> mTimeGroups;
-    std::unique_ptr<SnapData_cls> mState;
+    DisplayedState_cls mState;
     std::unique_ptr<ProjectFile_cls> mProjectFile;
 };

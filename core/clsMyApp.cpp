@@ -1,5 +1,6 @@
 #include "core/clsMyApp.h"
 
+#include <wx/app.h>
 #include <wx/init.h>
 #include <wx/log.h>
 
@@ -9,6 +10,7 @@
 #include <new>
 
 #include "core/clsBatch.h"
+#include "core/clsWindowSession.h"
 #include "output/clsImageFile.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
@@ -27,6 +29,26 @@ int FinishOutput(int status) {
     PrintError("standard output cannot be written");
     return status == Batch_cls::kDone ? Batch_cls::kFailed : status;
 }
+
+/// The toolkit's application object: opens the window, which ends the event loop when it closes.
+class WindowApp_cls : public wxApp {
+  public:
+    explicit WindowApp_cls(const CommandLine_cls& line) : mLine(line) {}
+
+    bool OnInit() override {
+        ImageFile_cls::InitHandlers();
+        mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());
+        return mSession->Open();
+    }
+    int OnExit() override {
+        mSession.reset();
+        return wxApp::OnExit();
+    }
+
+  private:
+    const CommandLine_cls& mLine;
+    std::unique_ptr<WindowSession_cls> mSession;
+};
 
 }  // namespace
 
@@ -53,8 +75,7 @@ int MyApp::Run(int argc, char** argv) {
             std::puts("varnholt3 " VARNHOLT_VERSION);
             return FinishOutput(Batch_cls::kDone);
         case CommandLine_cls::Action::Window:
-            PrintError("one of --info, --render, --export and --save is needed (see varnholt3 --help)");
-            return Batch_cls::kWrongUsage;
+            return RunWindow(*line);
         default:
             return FinishOutput(RunHeadless(*line));
     }
@@ -70,4 +91,23 @@ int MyApp::RunHeadless(const CommandLine_cls& line) {
         PrintError(line.mFile + ": not enough memory");
         return Batch_cls::kFailed;
     }
+}
+
+int MyApp::RunWindow(const CommandLine_cls& line) {
+    wxApp::SetInstance(new WindowApp_cls(line));
+    // The command line is ours: the toolkit sees none of it.
+    int argc = 0;
+    char** argv = nullptr;
+    if (!wxEntryStart(argc, argv)) {
+        PrintError("no display to open a window on (varnholt3 --help lists what can be done without one)");
+        return Batch_cls::kFailed;
+    }
+    if (!wxTheApp->CallOnInit()) {
+        wxEntryCleanup();
+        return Batch_cls::kFailed;
+    }
+    const int status = wxTheApp->OnRun();
+    wxTheApp->OnExit();
+    wxEntryCleanup();
+    return FinishOutput(status);
 }

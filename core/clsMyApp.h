@@ -6,8 +6,8 @@
 
 class wxInitializer;
 
-/// The process: languages, image formats, and the front end that drives the application core. Without a
-/// window that is Batch_cls; nothing here needs a display. One object in main(). Threads: GUI thread.
+/// The process: languages, image formats, and the front end that drives the application core: the window
+/// (WindowSession_cls), or Batch_cls, which needs no display. One object in main(). Threads: GUI thread.
 class MyApp {
   public:
     /// Texts may follow the user's language, numbers in files never do.
@@ -21,6 +21,7 @@ class MyApp {
 
   private:
     int RunHeadless(const CommandLine_cls& line);
+    int RunWindow(const CommandLine_cls& line);
 
     std::unique_ptr<wxInitializer> mToolkit;
 };

@@ -47,7 +47,7 @@ bool SnapData_cls::Allocate(int count) {
     return true;
 }
 
-bool SnapData_cls::AllocateValue1Dash() {
+bool SnapData_cls::AllocateValue1Dash() const {
     try {
         Reserve(mValue1Dash, static_cast<size_t>(mSource.count) * sizeof(float));
     } catch (const std::bad_alloc&) {
@@ -85,7 +85,7 @@ bool SnapData_cls::IsInterpolateRequired(const SnapAttributes_cls& attributes) {
     });
 }
 
-void SnapData_cls::SetPValue1(const float** out, const SnapAttribute_cls& attribute, int curve) {
+void SnapData_cls::SetPValue1(const float** out, const SnapAttribute_cls& attribute, int curve) const {
     const unsigned int depend = attribute.curves.at(static_cast<size_t>(curve))->mDependType.mValue;
     *out = nullptr;
     if (depend == ColorCurve_cls::kValue1) {
@@ -98,7 +98,7 @@ void SnapData_cls::SetPValue1(const float** out, const SnapAttribute_cls& attrib
     }
 }
 
-void SnapData_cls::SetValue1Dash(unsigned int source) {
+void SnapData_cls::SetValue1Dash(unsigned int source) const {
     const bool isDerived = source >= ColorCurve_cls::kPosition && source < ColorCurve_cls::kDependCount;
     if (mValue1DashFilled || !isDerived || !AllocateValue1Dash()) return;
     ThreadSnapInterpolate_cls::RunAll(mSource.count, [&](int begin, int end) {

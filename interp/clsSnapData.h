@@ -32,15 +32,16 @@ class SnapData_cls {
     bool IsItSameSnap(const PDataBlock_cls* block, double time, int stride) const {
         return mSource.block == block && mTime == time && mStride == stride;
     }
+    bool IsOf(const PDataBlock_cls& block) const { return mSource.block == &block; }
     /// True when some colour curve in use feeds on a value that only the evaluation derives.
     static bool IsInterpolateRequired(const SnapAttributes_cls& attributes);
 
     /// The array that drives the attribute's first (0) or second (1) curve, null when it depends on
     /// nothing known. Only one derived array exists: the first source asked for wins until the state is
     /// built anew.
-    void SetPValue1(const float** out, const SnapAttribute_cls& attribute, int curve);
+    void SetPValue1(const float** out, const SnapAttribute_cls& attribute, int curve) const;
     /// Fills the derived array unless it is filled already. The source is one of ColorCurve_cls::Depend.
-    void SetValue1Dash(unsigned int source);
+    void SetValue1Dash(unsigned int source) const;
 
     int GetCount() const { return mSource.count; }
     double GetTime() const { return mTime; }
@@ -56,10 +57,12 @@ class SnapData_cls {
     /// Four floats a particle.
     const float* GetColor() const { return mColor.As<float>(); }
     const uint8_t* GetType() const { return mSource.type; }
+    /// The snapshot it was made of, borrowed.
+    const SnapSource_cls& GetSource() const { return mSource; }
 
   private:
     bool Allocate(int count);
-    bool AllocateValue1Dash();
+    bool AllocateValue1Dash() const;
     void Interpolate(const SnapAttributes_cls& attributes, double tau);
     void InterpolateNot(const SnapAttributes_cls& attributes);
     /// The pass with everything but tau.
@@ -67,7 +70,7 @@ class SnapData_cls {
 
     SnapSource_cls mSource;
     bool mAllocated = false;
-    bool mValue1DashFilled = false;
+    mutable bool mValue1DashFilled = false;  ///< derived on demand, by whoever asks first
     double mTime = 0.0;
     int mStride = 1;
     int mVisitedStride = 1;  ///< particles 0, this, twice this, ... have been evaluated
@@ -75,6 +78,6 @@ class SnapData_cls {
     LargeMemory_cls mPosition;
     LargeMemory_cls mRadius;
     LargeMemory_cls mValue1;
-    LargeMemory_cls mValue1Dash;
+    mutable LargeMemory_cls mValue1Dash;
     LargeMemory_cls mColor;
 };

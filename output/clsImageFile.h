@@ -2,16 +2,19 @@
 
 #include <wx/string.h>
 
-#include <cstdint>
-#include <vector>
+#include <optional>
+
+#include "output/clsPicture.h"
 
 /// Pictures as files: PNG, JPEG, TIFF and BMP by the name's extension. A picture appears whole or not at all.
-/// Threads: Write() on any thread, one picture each.
+/// Threads: Write() and Read() on any thread, one picture each.
 class ImageFile_cls {
   public:
     /// Makes the formats known to wx; once, before the first picture.
     static void InitHandlers();
     static bool IsKnownFormat(const wxString& path);
-    /// Writes three bytes a pixel, top row first. Empty, or the file's name and what went wrong.
-    static wxString Write(const wxString& path, int width, int height, const std::vector<uint8_t>& rgb);
+    /// Empty, or the file's name and what went wrong.
+    static wxString Write(const wxString& path, const Picture_cls& picture);
+    /// A whole picture of this size; null for a file that is missing, broken, or of another size.
+    static std::optional<Picture_cls> Read(const wxString& path, int width, int height);
 };

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "interp/clsSnapData.h"
+#include "render/clsDrawOption.h"
 #include "render/clsOpenGL.h"
 
 namespace {
@@ -40,6 +41,54 @@ std::vector<ColouredPoint> MakePoints(const SnapData_cls& state) {
 }
 
 }  // namespace
+
+std::atomic<bool> GLDrawData_cls::msAbort{false};
+std::atomic<int> GLDrawData_cls::msPercentage{0};
+std::function<void()> GLDrawData_cls::msStatusObserver;
+
+GLDrawData_cls::GLDrawData_cls(const DrawOption_cls& option, const ShadowSettings_cls& shadow,
+                               const PanelShared_cls& shared)
+    : mOption(option), mShadow(shadow), mShared(shared) {}
+
+GLDrawData_cls::~GLDrawData_cls() = default;
+
+void GLDrawData_cls::SetViewDirection(const Vector3& direction, bool isOrthographic) {
+    mView.mDirection = direction;
+    mView.mIsOrthographic = isOrthographic;
+}
+
+void GLDrawData_cls::SetLightSourceInfo(int index, const DrawLight_cls& light, double lengthScale,
+                                        float colourScale) {
+    if (index < 0 || index >= kLights) return;
+    DrawLight_cls& own = mLights[static_cast<size_t>(index)];
+    own = light;
+    if (light.mIsPositional) {
+        for (double& x : own.mVector) x *= lengthScale;
+    }
+    for (auto* colour : {&own.mAmbient, &own.mDiffuse, &own.mSpecular}) {
+        for (float& channel : *colour) channel *= colourScale;
+    }
+    mLightNumber = std::max(mLightNumber, index + 1);
+}
+
+void GLDrawData_cls::GLDraw(int, const SnapData_cls& state, const DrawAttributes_cls& attributes) {
+    msAbort.store(false, std::memory_order_relaxed);
+    msPercentage.store(0, std::memory_order_relaxed);
+    const auto order = mOrder.ZSortAtFBO0(state.GetCount(), mOption.GetStep(), state.GetPosition(),
+                                          mOption.mSortOrder.mValue, mView);
+    glPushAttrib(GL_ENABLE_BIT | GL_POINT_BIT | GL_COLOR_BUFFER_BIT);
+    glEnable(GL_DEPTH_TEST);
+    glPointSize(static_cast<float>(attributes[0]->mPointSize.mValue));
+    glBegin(GL_POINTS);
+    for (const ArrayAndIndex_cls& entry : order) {
+        const auto i = static_cast<size_t>(entry.mIndex);
+        glColor4fv(state.GetColor() + 4 * i);
+        glVertex3fv(state.GetPosition() + 3 * i);
+    }
+    glEnd();
+    glPopAttrib();
+    msPercentage.store(100, std::memory_order_relaxed);
+}
 
 void GLDrawData_cls::GLDrawPointAll(const SnapData_cls& state, float pointSize, Look look) {
     const std::vector<ColouredPoint> points = MakePoints(state);

@@ -1,13 +1,74 @@
 #pragma once
 
-class SnapData_cls;
+#include <array>
+#include <atomic>
+#include <functional>
 
-/// Draws the particles of one instant into the current context.
-/// Threads: the thread of the context. Particles whose position is not finite are left out.
+#include "render/clsDisplayedState.h"
+#include "render/clsDrawOrder.h"
+#include "render/clsPositionAndDirection.h"
+
+class DrawOption_cls;
+class PanelShared_cls;
+class ShadowSettings_cls;
+
+/// One light as the particles see it. Lengths in the data's own units, colours 0 to 1.
+struct DrawLight_cls {
+    Vector3 mVector{0.0, 0.0, 1.0};  ///< where the light comes from: a direction, or a place
+    bool mIsPositional = false;
+    std::array<float, 3> mAmbient{};
+    std::array<float, 3> mDiffuse{1.0F, 1.0F, 1.0F};
+    std::array<float, 3> mSpecular{1.0F, 1.0F, 1.0F};
+};
+
+/// Draws the particles of one instant into the current context's frame buffer: as points, billboards or
+/// spheres, in draw order. Before the call the view has loaded viewport, projection and model-view matrix,
+/// and told camera and lights; OpenGL's state is the same afterwards.
+/// One object draws for the whole program. What it keeps in OpenGL belongs to the group of contexts that was
+/// current then (GLContext_cls::GetCurrentGroup()).
+/// Threads: the GUI thread, but for the abort flag and the percentage. Units: the data's own lengths, pixels.
+/// Failure: without shaders or textures it draws with what there is, after one message. Particles whose
+/// position is not finite are left out, and so are billboards and spheres without a positive radius.
 class GLDrawData_cls {
   public:
-    /// Points coloured by type. Size in pixels. Opaque ones hide what lies behind them; glowing ones add up,
-    /// so that crowded places shine, and need no order.
+    static constexpr int kLights = 8;
+
+    /// Set by any thread to stop a long draw, which then leaves a partial picture; cleared by the draw.
+    static std::atomic<bool> msAbort;
+    /// Progress of the current draw, 0 to 100.
+    static std::atomic<int> msPercentage;
+    /// Called by the draw, at most each 200 ms: the status bar. May be empty.
+    static std::function<void()> msStatusObserver;
+
+    /// All three outlive the object.
+    GLDrawData_cls(const DrawOption_cls& option, const ShadowSettings_cls& shadow,
+                   const PanelShared_cls& shared);
+    ~GLDrawData_cls();
+    GLDrawData_cls(const GLDrawData_cls&) = delete;
+    GLDrawData_cls& operator=(const GLDrawData_cls&) = delete;
+
+    // Told by the view before it draws
+
+    void SetCameraPos(const Vector3& position) { mView.mCamera = position; }
+    /// The unit vector that the camera looks along, and whether the projection is orthographic.
+    void SetViewDirection(const Vector3& direction, bool isOrthographic);
+    /// Lights are numbered from 0 without gaps; places are multiplied by the first scale, colours by the
+    /// second.
+    void SetLightSourceInfo(int index, const DrawLight_cls& light, double lengthScale, float colourScale);
+    void ClearLights() { mLightNumber = 0; }
+
+    /// Draws a state as the options say. `viewIndex` is the panel's number.
+    void GLDraw(int viewIndex, const SnapData_cls& state, const DrawAttributes_cls& attributes);
+
     enum class Look { Opaque, Glowing };
-    void GLDrawPointAll(const SnapData_cls& state, float pointSize, Look look);
+    static void GLDrawPointAll(const SnapData_cls& state, float pointSize, Look look);
+
+  private:
+    const DrawOption_cls& mOption;
+    const ShadowSettings_cls& mShadow;
+    const PanelShared_cls& mShared;
+    DrawOrder_cls::View mView;
+    DrawOrder_cls mOrder;
+    std::array<DrawLight_cls, kLights> mLights{};
+    int mLightNumber = 0;
 };

@@ -10,8 +10,6 @@ namespace {
 /// Pi as it has always been cut here: more digits would shift the angle of saved views.
 constexpr double kPi = 3.14159;
 
-constexpr double kOrthoDepth = 1000.0;
-
 }  // namespace
 
 GLPerspective_cls::GLPerspective_cls(int width, int height, double angle, double near, double far)
@@ -42,10 +40,15 @@ double GLPerspective_cls::GetProjectionAngle() const {
 GLPerspective_cls::OrthoExtent GLPerspective_cls::GetOrthoExtent(
     const PositionAndDirection_cls& camera) const {
     const double h =
-        0.5 * std::hypot(camera.mPosition[0] - camera.mAnchor[0], camera.mPosition[1] - camera.mAnchor[1],
-                         camera.mPosition[2] - camera.mAnchor[2]);
+        0.5 / mOrthoScale *
+        std::hypot(camera.mPosition[0] - camera.mAnchor[0], camera.mPosition[1] - camera.mAnchor[1],
+                   camera.mPosition[2] - camera.mAnchor[2]);
     const double aspect = GetAspectRatio();
     return mOrthoByWidth ? OrthoExtent{h, h / aspect} : OrthoExtent{h * aspect, h};
+}
+
+double GLPerspective_cls::UsableScale(double scale) {
+    return scale > 0.0 && std::isfinite(scale) ? scale : 1.0;
 }
 
 void GLPerspective_cls::SetViewportOnGL() const {
@@ -57,10 +60,27 @@ void GLPerspective_cls::SetViewportOnGL() const {
 void GLPerspective_cls::SetPerspectiveOnGL(const PositionAndDirection_cls& camera) const {
     if (!mPerspective) {
         const auto [x, y] = GetOrthoExtent(camera);
-        glOrtho(-x, x, -y, y, -kOrthoDepth, kOrthoDepth);
+        glOrtho(-x, x, -y, y, -mOrthoDepth, mOrthoDepth);
         return;
     }
     const int side = std::max(mWindowWidth, mWindowHeight);
     glViewport((mWindowWidth - side) / 2, (mWindowHeight - side) / 2, side, side);
     gluPerspective(GetProjectionAngle(), 1.0, mNear, mFar);
+}
+
+void GLPerspective_cls::Push2DMatrix(int width, int height) {
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(0.0, width, 0.0, height, -1.0, 1.0);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+}
+
+void GLPerspective_cls::Pop2DMatrix() {
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
 }

@@ -38,6 +38,10 @@ void OffscreenBuffer_cls::Bind() const {
     glBindFramebuffer(GL_FRAMEBUFFER, mFrameBuffer);
 }
 
+void OffscreenBuffer_cls::Flush() const {
+    glFlush();
+}
+
 std::vector<uint8_t> OffscreenBuffer_cls::ReadRGB() const {
     const size_t row = 3 * static_cast<size_t>(mWidth);
     std::vector<uint8_t> pixels(row * static_cast<size_t>(mHeight));

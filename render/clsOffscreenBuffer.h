@@ -16,6 +16,8 @@ class OffscreenBuffer_cls {
 
     /// Makes it the target of all drawing.
     void Bind() const;
+    /// Has the driver begin with what was drawn, without waiting for it.
+    void Flush() const;
     /// Three bytes a pixel, top row first.
     std::vector<uint8_t> ReadRGB() const;
 

@@ -72,7 +72,7 @@ std::unique_ptr<OffscreenContext_cls> OffscreenContext_cls::CreateOn(void* displ
     return made;
 }
 
-bool OffscreenContext_cls::MakeCurrent() {
+bool OffscreenContext_cls::Activate() {
     return eglMakeCurrent(mDisplay, EGL_NO_SURFACE, EGL_NO_SURFACE, mContext) == EGL_TRUE;
 }
 

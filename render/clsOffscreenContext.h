@@ -16,7 +16,7 @@ class OffscreenContext_cls : public GLContext_cls {
     OffscreenContext_cls(const OffscreenContext_cls&) = delete;
     OffscreenContext_cls& operator=(const OffscreenContext_cls&) = delete;
 
-    bool MakeCurrent() override;
+    bool Activate() override;
 
   private:
     // EGL's handles are plain pointers; its header stays out of this one.

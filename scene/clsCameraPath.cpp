@@ -45,6 +45,18 @@ void CameraPath_cls::SetToDefault() {
     set(kAnchor, pose.mAnchor);
 }
 
+bool CameraPath_cls::IsUntouched() const {
+    for (const auto& group : mGroups) {
+        for (int i = 0; i < group->GetDimension(); ++i) {
+            if (group->GetParameter(i).IsTimeDependent()) return false;
+        }
+    }
+    const PositionAndDirection_cls pose = GetPose(0.0);
+    const PositionAndDirection_cls untouched;
+    return pose.mPosition == untouched.mPosition && pose.mDirection == untouched.mDirection &&
+           pose.mUp == untouched.mUp && pose.mAnchor == untouched.mAnchor && GetAngle(0.0) == kDefaultAngle;
+}
+
 Vector3 CameraPath_cls::GetVector(Group which, double t) const {
     Vector3 vector{};
     for (int i = 0; i < 3; ++i) {

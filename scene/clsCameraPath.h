@@ -22,6 +22,9 @@ class CameraPath_cls {
     /// The pose and angle of a camera ten lengths before the origin, without keys.
     void SetToDefault();
 
+    /// True while every group is the constant default: no project, no hand has placed the camera.
+    bool IsUntouched() const;
+
     ParamGroup_cls& GetGroup(Group which) { return *mGroups[which]; }
     /// The pose at a normalised time.
     PositionAndDirection_cls GetPose(double t) const;

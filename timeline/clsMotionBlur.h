@@ -20,6 +20,8 @@ class MotionBlur_cls {
     }
 
     double GetOffset() const { return static_cast<double>(mSample) * mSpan / mSamples; }
+    /// Samples beyond the last, or below 0, are the nearest.
+    void SetSample(int sample) { mSample = std::clamp(sample, 0, mSamples - 1); }
     void Restart() { mSample = 0; }
     /// On to the next sample, backward for a direction below 0. True when it wrapped around: time for another
     /// sub-step.

@@ -50,6 +50,11 @@ void TimeCtrl_cls::SetMotionBlur(int samples, float span) {
     PublishTime();
 }
 
+void TimeCtrl_cls::SetMotionBlurSample(int sample) {
+    mMotionBlur.SetSample(sample);
+    PublishTime();
+}
+
 // Mapping
 
 FramePlace TimeCtrl_cls::Resolve(int frame, int step) const {

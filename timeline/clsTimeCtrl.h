@@ -43,6 +43,8 @@ class TimeCtrl_cls {
     int GetPrefetch() const { return mPrefetch; }
     const MotionBlur_cls& GetMotionBlur() const { return mMotionBlur; }
     void SetMotionBlur(int samples, float span);
+    /// The sample whose offset the current frame's time includes; playback moves it by itself.
+    void SetMotionBlurSample(int sample);
 
     // Mapping
 

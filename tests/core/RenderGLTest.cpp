@@ -35,7 +35,8 @@ TEST(RenderGLTest, ParticlesStandWhereTheyShouldInTheColourOfTheirType) {
     const TempFolder_cls folder;
     folder.Write("s0000.dat", Square(0));
     const ProgramRun_cls run =
-        RunProgram({"--render", "p.png", "s0000.dat", "--size", "300x200"}, folder.Path());
+        RunProgram({"--render", "p.png", "s0000.dat", "--size", "300x200", "--set", "Panel0ShowMessage=0"},
+                   folder.Path());
     EXPECT_EQ(run.status, 1) << "one particle has no place";
     EXPECT_NE(run.err.find("1 of 5 particles"), std::string::npos) << run.err;
 

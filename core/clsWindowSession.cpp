@@ -1,0 +1,68 @@
+#include "core/clsWindowSession.h"
+
+#include <cmath>
+
+#include "core/clsProjectFile.h"
+#include "gui/clsFrameMain.h"
+#include "seam/clsUserMessage.h"
+
+WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
+    : mLine(line), mProgramFolder(programFolder), mMain(programFolder), mContext(MakeContext()) {}
+
+WindowSession_cls::~WindowSession_cls() {
+    // The toolkit owns its windows; one that is still open ends before the core that it shows.
+    delete mFrame.get();
+}
+
+FrameContext_cls WindowSession_cls::MakeContext() {
+    Main_cls& main = mMain;
+    return {.dataLoader = main.GetDataLoader(),
+            .dataExporter = main.GetDataExporter(),
+            .frameSettings = main.GetFrameSettings(),
+            .povRayCtrl = main.GetPovRayCtrl(),
+            .timeCtrl = main.GetTimeCtrl(),
+            .drawOption = main.GetDrawOption(),
+            .seqCtrl = main.GetSeqCtrl(),
+            .periodicBoundary = main.GetPeriodicBoundary(),
+            .cameraPath = main.GetCameraPath(),
+            .lightSRCCtrl = main.GetLightSRCCtrl(),
+            .colorCurveCtrl = main.GetColorCurveCtrl(),
+            .preference = main.GetPreference(),
+            .panelShared = main.GetPanelShared(),
+            .shadowSettings = main.GetShadowSettings(),
+            .panelSettings = {&main.GetPanelSettings(0), &main.GetPanelSettings(1), &main.GetPanelSettings(2),
+                              &main.GetPanelSettings(3)},
+            .timeGroups = main.GetTimeGroups(),
+            .openData = [&main](const wxString& path) { main.GetDataLoader().OpenDataFile(path); },
+            .closeData = [&main] { main.CloseDataCommand(); },
+            .openProject = [&main](const wxString& path) { return main.GetProjectFile().OpenProject(path); },
+            .saveProject =
+                [&main](const wxString& path) {
+                    const bool saved = main.SaveProjectFile(path, true) == 1;
+                    return saved ? wxString() : main.GetProjectFile().GetError();
+                },
+            .saveRecovery = [](const wxString&) { return false; },
+            .prepareState = [&main](double position) { return main.PrepareState(position); },
+            .cleanUpMemory = [&main](int snapshot) { main.CleanUpMemory(snapshot); },
+            .waitThreadFinish = [&main] { main.WaitThreadFinish(); },
+            .applyPreferences = [&main] { main.ApplyPreferences(); },
+            .quit = [&main] { return main.QuitProcess(); },
+            .programFolder = mProgramFolder};
+}
+
+bool WindowSession_cls::Open() {
+    if (!mMain.ReadConfiguration(mLine.mConfig)) return false;
+    // The toolkit owns its windows.
+    mFrame = new FrameMain_cls(mContext);
+    mFrame->Show();
+    const bool project = mLine.mFile.Lower().EndsWith(".vhp");
+    if (project) mFrame->OpenProject(mLine.mFile);
+    for (const wxString& setting : mLine.mSettings) {
+        const wxString error = mMain.GetProjectFile().ApplySetting(setting);
+        if (error.empty()) continue;
+        PrintError("--set " + error);
+        return false;
+    }
+    if (!project && !mLine.mFile.empty()) mFrame->OpenData(mLine.mFile);
+    return true;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <wx/panel.h>
+
+#include "gui/clsSetting.h"
+#include "gui/clsSettingsView.h"
+#include "render/clsValueHistogram.h"
+
+class ColorCurve_cls;
+class ColorCurveCanvas_cls;
+class ColorCurveCtrl_cls;
+class SettingsPage_cls;
+class wxStaticText;
+
+/// The panel of the colour-curve editor: the curve with the histogram of the values that feed it, the key at
+/// the current position, the curve's settings, and the template palette. Shows the curve that the controller
+/// links; without one, an empty picture.
+/// Owned by its parent window. Threads: GUI thread.
+class ColorCurveGUI_cls : public wxPanel, public SettingsView_cls {
+  public:
+    static constexpr const char* kTitle = "Color Curve Editor";
+
+    ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl);
+
+    /// Another curve has been linked.
+    void ShowLinked();
+    void ShowSettings(std::uint64_t updateBits) override;
+
+  private:
+    SettingsPage_cls* MakeKeyPage();
+    SettingsPage_cls* MakeScalingPage();
+    wxSizer* MakeButtons();
+    void UpdateHistogram();
+    void SetRange(const ValueHistogram_cls::Range& range);
+
+    /// A part of the linked curve as a setting; `empty` is shown without a curve.
+    template <class Value, class Stored>
+    Setting_cls<Value> BindLinked(const wxString& name, Stored ColorCurve_cls::*item, Value empty);
+    Setting_cls<double> BindChannel(size_t channel);
+    Setting_cls<Color4> BindKeyColor();
+
+    ColorCurveCtrl_cls& mCtrl;
+    ValueHistogram_cls mHistogram;
+    wxStaticText* mName = nullptr;
+    ColorCurveCanvas_cls* mCanvas = nullptr;
+    SettingsPage_cls* mKeyPage = nullptr;
+    SettingsPage_cls* mScalingPage = nullptr;
+};

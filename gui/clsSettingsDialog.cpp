@@ -1,0 +1,48 @@
+#include "gui/clsSettingsDialog.h"
+
+#include <wx/button.h>
+#include <wx/display.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+
+#include "gui/clsSettingsView.h"
+
+namespace {
+
+constexpr int kGap = 8;
+/// What window frames and panels of the desktop take of the screen.
+constexpr int kDesktop = 80;
+
+}  // namespace
+
+SettingsDialog_cls& SettingsDialog_cls::Open(wxWindow& parent, const wxString& title, const Make& make) {
+    SettingsDialog_cls* dialog = nullptr;
+    for (wxWindow* child : parent.GetChildren()) {
+        auto* candidate = dynamic_cast<SettingsDialog_cls*>(child);
+        if (candidate && candidate->GetTitle() == title) dialog = candidate;
+    }
+    if (!dialog) dialog = new SettingsDialog_cls(parent, title, make);
+    dialog->Show();
+    dialog->Raise();
+    if (auto* view = dynamic_cast<SettingsView_cls*>(dialog->mPage))
+        view->ShowSettings(SettingsView_cls::kAll);
+    return *dialog;
+}
+
+SettingsDialog_cls::SettingsDialog_cls(wxWindow& parent, const wxString& title, const Make& make)
+    : wxDialog(&parent, wxID_ANY, title, wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+      mPage(make(this)) {
+    auto* close = new wxButton(this, wxID_CLOSE);
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(mPage, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kGap)));
+    sizer->Add(close, wxSizerFlags().Right().Border(wxALL, FromDIP(kGap)));
+    SetEscapeId(wxID_CLOSE);
+    SetSizerAndFit(sizer);
+    // On a small screen the page scrolls.
+    const wxRect screen = wxDisplay(&parent).GetClientArea();
+    SetMinSize(wxSize());
+    SetSize(wxSize(std::min(GetSize().x, screen.width - kDesktop),
+                   std::min(GetSize().y, screen.height - kDesktop)));
+}

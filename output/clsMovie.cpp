@@ -1,0 +1,127 @@
+#include "output/clsMovie.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/clsSplitPath.h"
+#include "output/clsThreadWriteMovie.h"
+#include "seam/clsClock.h"
+#include "seam/clsTextCoding.h"
+#include "seam/clsUserMessage.h"
+
+namespace {
+
+constexpr int kPeriodMs = 2;
+/// Like the pace of playback, and a rate that every player knows.
+constexpr const char* kFramesASecond = "30";
+
+/// What ffmpeg is told: raw frames on its input, and for the usual containers a codec that everybody can
+/// play. That wants even sides and a colour matrix that is named.
+std::vector<std::string> Arguments(const wxString& extension, const std::string& target, int width,
+                                   int height) {
+    std::vector<std::string> words = {
+        "ffmpeg",   "-hide_banner", "-loglevel", "error",
+        "-nostdin", "-y",           "-f",        "rawvideo",
+        "-pix_fmt", "rgb24",        "-s",        std::to_string(width) + "x" + std::to_string(height),
+        "-r",       kFramesASecond, "-i",        "pipe:0",
+        "-an"};
+    if (extension == ".mp4" || extension == ".mov" || extension == ".mkv" || extension == ".m4v") {
+        for (const char* word : {"-c:v", "libx264", "-crf", "17", "-pix_fmt", "yuv420p", "-vf",
+                                 "pad=ceil(iw/2)*2:ceil(ih/2)*2,scale=out_color_matrix=bt709:out_range=tv",
+                                 "-colorspace", "bt709", "-color_primaries", "bt709", "-color_trc", "bt709"})
+            words.emplace_back(word);
+    }
+    words.push_back("file:" + target);
+    return words;
+}
+
+}  // namespace
+
+std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int height, wxString* why) {
+    // A reader that has gone is told by write(), not by a signal that ends the program.
+    std::signal(SIGPIPE, SIG_IGN);
+    const SplitPath_cls split(path);
+    const wxString temporary = split.mDirectory + "." + split.mName +
+                               wxString::Format(".%d.part", static_cast<int>(getpid())) + split.mExtension;
+    int ends[2] = {-1, -1};
+    if (pipe2(ends, O_CLOEXEC) != 0) {
+        *why = path + ": " + FromBytes(std::strerror(errno));
+        return nullptr;
+    }
+    std::vector<std::string> words = Arguments(split.mExtension.Lower(), ToBytes(temporary), width, height);
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, ends[0], STDIN_FILENO);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    // A process group of its own: Ctrl+C is for us, and we tell ffmpeg.
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+    pid_t process = -1;
+    const int error = posix_spawnp(&process, "ffmpeg", &actions, &attributes, arguments.data(), environ);
+    posix_spawnattr_destroy(&attributes);
+    posix_spawn_file_actions_destroy(&actions);
+    close(ends[0]);
+    if (error != 0) {
+        close(ends[1]);
+        *why = path + ": ffmpeg makes the movie and could not be started (" +
+               FromBytes(std::strerror(error)) + "); on Debian: apt install ffmpeg";
+        return nullptr;
+    }
+    return std::unique_ptr<Movie_cls>(new Movie_cls(path, temporary, process, ends[1]));
+}
+
+Movie_cls::Movie_cls(const wxString& path, const wxString& temporary, pid_t process, int pipe)
+    : mPath(path), mTemporary(temporary), mProcess(process), mPipe(pipe) {}
+
+Movie_cls::~Movie_cls() {
+    if (mProcess < 0) return;
+    kill(mProcess, SIGKILL);
+    waitpid(mProcess, nullptr, 0);
+    WaitForFrame();
+    close(mPipe);
+    unlink(ToBytes(mTemporary).c_str());
+}
+
+bool Movie_cls::WaitForFrame() {
+    if (!mFrame) return !mBroken;
+    PollUntil(mFrame->GetFinished(), kPeriodMs);
+    mFrame->Join();
+    mBroken = mBroken || mFrame->IsFailed();
+    mFrame.reset();
+    return !mBroken;
+}
+
+bool Movie_cls::Push(std::shared_ptr<const Picture_cls> picture) {
+    if (!WaitForFrame()) return false;
+    mFrame = std::make_unique<ThreadWriteMovie_cls>(mPipe, std::move(picture));
+    if (!mFrame->Start()) MsgBoxExit("Can't create thread", "Error!");
+    return true;
+}
+
+wxString Movie_cls::Finish() {
+    WaitForFrame();
+    close(mPipe);
+    int status = 0;
+    while (waitpid(mProcess, &status, 0) < 0 && errno == EINTR) continue;
+    mProcess = -1;
+    const bool done = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !mBroken;
+    if (done && std::rename(ToBytes(mTemporary).c_str(), ToBytes(mPath).c_str()) == 0) return {};
+    const wxString reason =
+        done ? FromBytes(std::strerror(errno)) : wxString("ffmpeg failed, see its words above");
+    unlink(ToBytes(mTemporary).c_str());
+    return mPath + ": the movie could not be made: " + reason;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+
+#include "render/clsArrayAndIndex.h"
+#include "render/clsSortThread.h"
+
+/// Worker that sorts one quarter of the entries ascending by key; equal keys keep their order.
+/// A radix sort in three rounds of eleven bits, which ends in the scratch memory: the mergers read it there.
+/// Threads: writes its own quarter of both arrays.
+class ThreadSortParallel_cls final : public SortThread_cls {
+  public:
+    ThreadSortParallel_cls(ArrayAndIndex_cls* entries, ArrayAndIndex_cls* scratch, size_t count)
+        : mEntries(entries), mScratch(scratch), mCount(count) {}
+
+    /// Sorts `count` entries on the caller's thread, from one array into the other. What `entries` held is
+    /// lost. A key that is not a number becomes infinity.
+    static void SortInto(ArrayAndIndex_cls* entries, ArrayAndIndex_cls* sorted, size_t count);
+
+  private:
+    void Work() override { SortInto(mEntries, mScratch, mCount); }
+
+    ArrayAndIndex_cls* const mEntries;
+    ArrayAndIndex_cls* const mScratch;
+    const size_t mCount;
+};

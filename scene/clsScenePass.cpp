@@ -1,0 +1,127 @@
+#include "scene/clsScenePass.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "interp/clsSnapData.h"
+#include "render/clsGLPerspective.h"
+#include "render/clsOpenGL.h"
+#include "render/clsPanelShared.h"
+#include "scene/clsOverlayText.h"
+#include "scene/clsRoundView.h"
+#include "scene/clsSceneGuides.h"
+
+namespace {
+
+/// Points small enough to tell many particles apart and large enough to see few.
+double PointSizeFor(size_t particles, int height) {
+    const double spacing = height / std::sqrt(static_cast<double>(std::max<size_t>(particles, 1)));
+    return std::clamp(0.4 * spacing, 1.5 * std::max(1.0, height / 720.0), height / 40.0);
+}
+
+/// Opaque points of more particles than this would run together into one flat patch.
+constexpr size_t kCrowd = 20000;
+
+/// Of the view that a cube's face is drawn with.
+constexpr double kFaceAngle = 90.0;
+
+}  // namespace
+
+void ScenePass_cls::Draw(const SceneView_cls& view) {
+    mMessage.clear();
+    const unsigned int geometry = view.mPanel.mGeometry.mValue;
+    ViewCamera_cls camera = view.mCamera;
+    camera.mAngle = LimitAngle(camera.mAngle, geometry, &mMessage);
+    if (geometry == PanelSettings_cls::kFisheye || geometry == PanelSettings_cls::kPanoramic) {
+        DrawRound(view, camera);
+    } else {
+        const bool flat = geometry == PanelSettings_cls::kOrthographic;
+        DrawScene(view, camera, flat ? Projection::Orthographic : Projection::Perspective, view.mWidth,
+                  view.mHeight);
+        DrawAids(view, camera);
+    }
+    glViewport(0, 0, view.mWidth, view.mHeight);
+    DrawOverlay(view);
+}
+
+void ScenePass_cls::DrawRound(const SceneView_cls& view, const ViewCamera_cls& camera) {
+    const bool fisheye = view.mPanel.mGeometry.mValue == PanelSettings_cls::kFisheye;
+    const RoundView_cls round(fisheye ? RoundView_cls::Kind::Fisheye : RoundView_cls::Kind::Panoramic,
+                              view.mWidth, view.mHeight, camera.mAngle);
+    ClearBuffer();
+    const bool drawn = round.Draw(camera.mPose, [&](const PositionAndDirection_cls& face, int side) {
+        DrawScene(view, {face, kFaceAngle}, Projection::Perspective, side, side);
+    });
+    if (!drawn)
+        mMessage += "OpenGL cannot draw into the faces of a cube here: no fisheye or panoramic view.\n";
+}
+
+void ScenePass_cls::DrawScene(const SceneView_cls& view, const ViewCamera_cls& camera, Projection projection,
+                              int width, int height) {
+    const DepthRange_cls depth = DepthRange_cls::Of(view.mPanel, camera.mPose);
+    GLPerspective_cls perspective(width, height, camera.mAngle, depth.mNear, depth.mFar);
+    perspective.SetPerspectiveFlag(projection == Projection::Perspective);
+    perspective.SetOrthoDepth(depth.mOrtho);
+    perspective.SetOrthoScale(view.mPanel.mOrthoScale.mValue);
+    perspective.SetViewportOnGL();
+    perspective.SetPerspectiveOnGL(camera.mPose);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    camera.mPose.LookOnGL();
+
+    ClearBuffer();
+    DrawGuides(view, camera);
+    if (view.mPanel.mShowData.mValue) DrawData(view);
+}
+
+void ScenePass_cls::ClearBuffer() const {
+    const auto colour = GetBackground();
+    glClearColor(colour[0], colour[1], colour[2], 1.0F);
+    // Whoever drew before may have left writes off, and a mask stops clearing too.
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glDepthMask(GL_TRUE);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT | GL_ACCUM_BUFFER_BIT);
+}
+
+void ScenePass_cls::DrawData(const SceneView_cls& view) {
+    const SnapData_cls* state = view.mState;
+    if (!state || state->GetCount() == 0) return;
+    const size_t shown = static_cast<size_t>(state->GetCount()) / static_cast<size_t>(state->GetStride());
+    const auto look = shown > kCrowd ? GLDrawData_cls::Look::Glowing : GLDrawData_cls::Look::Opaque;
+    GLDrawData_cls::GLDrawPointAll(*state, static_cast<float>(PointSizeFor(shown, view.mHeight)), look);
+}
+
+std::array<float, 3> ScenePass_cls::GetBackground() const {
+    const auto& colour = mLinks.shared.mBackground.mValue;
+    return {colour[0], colour[1], colour[2]};
+}
+
+void ScenePass_cls::DrawGuides(const SceneView_cls& view, const ViewCamera_cls& camera) const {
+    SceneGuides_cls guides(camera.mPose, GetBackground());
+    if (view.mPanel.mShowGrid.mValue)
+        guides.AddGrid(view.mPanel.mGridType.mValue, view.mPanel.mGridShowTag.mValue);
+    if (view.mPanel.mShowItems.mValue) guides.AddBox(mLinks.periodic, view.mState);
+    guides.Draw(view.mPanel.mGridAntialias.mValue, false);
+    // On the faces of a cube letters would be bent.
+    if (view.mPanel.mGeometry.mValue <= PanelSettings_cls::kOrthographic)
+        guides.DrawTags(OverlayText_cls(view.mHeight, GetBackground()));
+}
+
+void ScenePass_cls::DrawAids(const SceneView_cls& view, const ViewCamera_cls& camera) const {
+    if (!view.mAids || !view.mPanel.mShowItems.mValue) return;
+    SceneGuides_cls guides(camera.mPose, GetBackground());
+    guides.AddAnchor();
+    guides.AddLights(mLinks.lights, view.mTime);
+    if (view.mPanel.mShowOtherCam.mValue) {
+        for (const ViewCamera_cls& other : view.mOtherCameras) guides.AddCamera(other);
+    }
+    guides.Draw(view.mPanel.mGridAntialias.mValue, view.mPanel.mDrawItemByXOR.mValue);
+    guides.DrawTags(OverlayText_cls(view.mHeight, GetBackground()));
+}
+
+void ScenePass_cls::DrawOverlay(const SceneView_cls& view) const {
+    if (!view.mPanel.mShowMessage.mValue) return;
+    const OverlayText_cls text(view.mHeight, GetBackground());
+    if (view.mState) text.DrawTime(view.mShownTime.value_or(view.mState->GetTime()));
+    if (view.mAids) text.DrawMessage(mMessage);
+}

@@ -1,0 +1,41 @@
+#include <gtest/gtest.h>
+#include <wx/app.h>
+#include <wx/log.h>
+
+#include <clocale>
+#include <cstdio>
+#include <thread>
+
+#include "output/clsImageFile.h"
+#include "seam/clsTextCoding.h"
+#include "support/gui/Desktop.h"
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    // Nothing is shown while tests are only named.
+    if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
+
+    const Desktop_cls desktop;
+    if (!desktop.GetError().empty()) {
+        std::fprintf(stderr, "%s\n", desktop.GetError().c_str());
+        return 1;
+    }
+    std::setlocale(LC_ALL, "");
+    std::setlocale(LC_NUMERIC, "C");
+    InstallFileNameConversion();
+    wxApp::SetInstance(new wxApp);
+    int noArguments = 0;
+    if (!wxEntryStart(noArguments, static_cast<char**>(nullptr)) || !wxTheApp->CallOnInit()) return 1;
+    wxLog::SetActiveTarget(new wxLogStderr);
+    ImageFile_cls::InitHandlers();
+    wxTheApp->SetExitOnFrameDelete(false);
+    int status = 1;
+    std::thread tests([&status] {
+        status = RUN_ALL_TESTS();
+        wxTheApp->CallAfter([] { wxTheApp->ExitMainLoop(); });
+    });
+    wxTheApp->OnRun();
+    tests.join();
+    wxEntryCleanup();
+    return status;
+}

@@ -1,0 +1,29 @@
+#include "support/gui/OpenWindow.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <stdexcept>
+
+#include "seam/clsTextCoding.h"
+
+OpenWindow_cls::OpenWindow_cls(const std::vector<std::string>& arguments) {
+    std::vector<std::string> words = {"varnholt3"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    if (std::find(words.begin(), words.end(), "--config") == words.end()) words.push_back("--no-config");
+    std::vector<char*> pointers;
+    for (std::string& word : words) pointers.push_back(word.data());
+    wxString error;
+    const auto line = CommandLine_cls::Parse(static_cast<int>(pointers.size()), pointers.data(), &error);
+    if (!line) throw std::runtime_error(ToBytes(error));
+    const wxString folder = FromBytes(std::filesystem::path(VARNHOLT_PROGRAM).parent_path().string());
+    const bool opened = OnGui([&] {
+        mSession = std::make_unique<WindowSession_cls>(*line, folder);
+        return mSession->Open();
+    });
+    if (!opened) throw std::runtime_error("the window does not open");
+    WaitFor([this] { return Frame()->IsShownOnScreen() && Frame()->IsActive(); });
+}
+
+OpenWindow_cls::~OpenWindow_cls() {
+    OnGui([this] { mSession.reset(); });
+}
