@@ -1,6 +1,7 @@
 #include "core/clsMain.h"
 
 #include <wx/filename.h>
+#include <wx/intl.h>
 #include <wx/log.h>
 
 #include <algorithm>
@@ -228,4 +229,9 @@ bool Main_cls::QuitProcess() {
     const wxLogNull silent;  // a folder that cannot be made shows when the file cannot be written
     wxFileName::Mkdir(wxPathOnly(mConfigPath), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     return SaveProjectFile(mConfigPath, false) == 1;
+}
+
+bool Main_cls::IsPovrayCondistionSatisfiled() const {
+    return mLightSRCCtrl.GetVisibleNumber() > 0 ||
+           UserMessage_cls::AskYesNo(wxGetTranslation("Output .pov file"), wxGetTranslation("No Light"));
 }
