@@ -86,11 +86,11 @@ wxSizer* DataLoaderGUI_cls::MakeFileRows() {
     mFile = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxTE_READONLY,
                            wxDefaultValidator, "File");
     mFile->SetToolTip(_("The first file of the series. Files may also be dropped on this window."));
-    auto* choose = new wxButton(this, wxID_OPEN, _("&Choose File..."));
-    choose->SetToolTip(_("Looks for the first file of the series"));
-    choose->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ChooseFile(); });
+    mChoose = new wxButton(this, wxID_OPEN, _("Choose &File..."));
+    mChoose->SetToolTip(_("Looks for the first file of the series"));
+    mChoose->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ChooseFile(); });
     row->Add(mFile, wxSizerFlags(1).CenterVertical());
-    row->Add(choose, wxSizerFlags().Border(wxLEFT, FromDIP(kGap)));
+    row->Add(mChoose, wxSizerFlags().Border(wxLEFT, FromDIP(kGap)));
 
     mWords = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
     mAsSeries = new wxCheckBox(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
@@ -231,7 +231,6 @@ void DataLoaderGUI_cls::ChooseFile() {
 void DataLoaderGUI_cls::SetFile(const wxString& path) {
     mDraft.SetFile(path);
     ShowDraft();
-    if (mDraft.IsFileGood()) mOpen->SetFocus();
 }
 
 void DataLoaderGUI_cls::ShowWords(wxStaticText& text, const wxString& words) {
@@ -248,6 +247,8 @@ void DataLoaderGUI_cls::ShowDraft() {
     mAsSeries->SetLabelText((mDraft.HasManySteps() ? _("Split into a series: ") : _("Open as a series: ")) +
                             (mDraft.IsFileGood() ? mDraft.DescribeSeries() : wxString()));
     mOpen->Enable(mDraft.IsFileGood());
+    // A window without focus takes no keys.
+    (mDraft.IsFileGood() ? mOpen : mChoose)->SetFocus();
     ShowLayout();
 }
 

@@ -26,6 +26,7 @@ class DataLoaderGUI_cls : public wxDialog {
 
     /// As if the user had chosen it.
     void SetFile(const wxString& path);
+    const LoadDraft_cls& GetDraft() const { return mDraft; }
 
   private:
     wxSizer* MakeFileRows();
@@ -54,5 +55,6 @@ class DataLoaderGUI_cls : public wxDialog {
     SettingsPage_cls* mSettings = nullptr;
     wxCheckBox* mBox = nullptr;
     PreviewGrid_cls* mPreview = nullptr;
+    wxButton* mChoose = nullptr;
     wxButton* mOpen = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include <wx/progdlg.h>
 #include <wx/translation.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <memory>
@@ -100,6 +101,7 @@ bool WaitForFirstSnapshot(wxWindow* parent, PDataSeqCtrl_cls& sequences) {
 bool OpenDraft(wxWindow* parent, FrameContext_cls& context, const LoadDraft_cls& draft) {
     const wxString path = MakeSeries(parent, draft);
     if (path.empty()) return false;
+    const wxBusyCursor busy;
     const UndoBlock_cls block("Open Data");
     SetLike("Loader Settings", context.dataLoader, draft.GetLoader());
     if (draft.mUseBox && draft.GetBox()) SetBox(context.periodicBoundary, *draft.GetBox());

@@ -202,11 +202,11 @@ void GrammarList_cls::OnDragEnd(wxMouseEvent& event) {
     const long from = std::exchange(mDragged, -1);
     if (from < 0 || from >= static_cast<long>(mCodes.size())) return;
     mList->SetCursor(wxNullCursor);
-    int flags = 0;
     const auto* rows = dynamic_cast<wxWindow*>(event.GetEventObject());
-    const wxPoint point = mList->ScreenToClient(rows->ClientToScreen(event.GetPosition()));
-    const long over = mList->HitTest(point, flags);
-    // Below the last row is the end of the list.
-    const long to = over >= 0 ? over : static_cast<long>(mCodes.size()) - 1;
+    const int y = mList->ScreenToClient(rows->ClientToScreen(event.GetPosition())).y;
+    long to = 0;
+    for (wxRect row; to + 1 < static_cast<long>(mCodes.size()); ++to) {
+        if (mList->GetItemRect(to, row) && y < row.GetBottom()) break;
+    }
     if (to != from) MoveTo(static_cast<size_t>(from), static_cast<size_t>(to));
 }

@@ -21,7 +21,6 @@ class GrammarList_cls : public wxPanel {
 
     /// Shows codes; `text`: places are lines or columns instead of bytes. Unknown codes are shown as "?".
     void Show(std::vector<int> codes, bool text);
-    wxListView& GetList() { return *mList; }
 
   private:
     void Fill();

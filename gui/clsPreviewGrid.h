@@ -14,7 +14,6 @@ class PreviewGrid_cls : public wxPanel {
     explicit PreviewGrid_cls(wxWindow* parent);
 
     void Show(const RecordPreview_cls& preview);
-    wxGrid& GetGrid() { return *mGrid; }
 
   private:
     void ShowCells(const RecordPreview_cls& preview);
