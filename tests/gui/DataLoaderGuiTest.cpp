@@ -55,6 +55,13 @@ class DataLoaderGuiTest : public testing::Test {
             return !Dialog() && Sequence().GetSeqLength() == snapshots && Sequence().GetSnap(0).IsItLoaded();
         });
     }
+    /// The last opening of data, and what the window made of them after it: it frames them.
+    static void UndoOpening() {
+        OnGui([] {
+            while (GCUndoList.CanUndo() && GCUndoList.GetUndoName() != "Open Data") GCUndoList.UndoCurrent();
+            GCUndoList.UndoCurrent();
+        });
+    }
     PDataSequence_cls& Sequence() { return mWindow.Main().GetSeqCtrl().GetActive(); }
 
     const TempFolder_cls mFolder;
@@ -103,10 +110,10 @@ TEST_F(DataLoaderGuiTest, RealFilesOpenWithoutTypingALayoutAndPlay) {
         mUser.Press("space");
     }
     // One step back is the data before, with their settings.
-    OnGui([] { GCUndoList.UndoCurrent(); });
+    UndoOpening();
     EXPECT_TRUE(IsOpen(3));
     OnGui([this] { EXPECT_FALSE(mWindow.Main().GetDataLoader().IsItemExistBody(GrammerBase_cls::kValue1)); });
-    OnGui([] { GCUndoList.UndoCurrent(); });
+    UndoOpening();
     EXPECT_TRUE(WaitFor([this] { return Sequence().GetSeqLength() == 0; }));
     OnGui([this] {
         EXPECT_TRUE(mWindow.Main().GetDataLoader().IsDefaultRecord());
