@@ -54,7 +54,8 @@ TimelineCanvas_cls::TimelineCanvas_cls(wxWindow* parent, TimelineModel_cls& mode
     Bind(wxEVT_MIDDLE_UP, &TimelineCanvas_cls::OnUp, this);
     Bind(wxEVT_MOUSEWHEEL, &TimelineCanvas_cls::OnWheel, this);
     Bind(wxEVT_CONTEXT_MENU, &TimelineCanvas_cls::OnContextMenu, this);
-    Bind(wxEVT_KEY_DOWN, &TimelineCanvas_cls::OnKey, this);
+    // Before the keys of the main window: arrows move keys where some are selected.
+    Bind(wxEVT_CHAR_HOOK, &TimelineCanvas_cls::OnKey, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &TimelineCanvas_cls::OnCaptureLost, this);
 }
 
