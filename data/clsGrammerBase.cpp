@@ -12,6 +12,11 @@ constexpr int kDefaultRecord[] = {GrammerBase_cls::kXYZ,    GrammerBase_cls::kVe
 constexpr unsigned int kHeadUnits[] = {1, 1, 1, 3, 10};
 constexpr unsigned int kBodyUnits[] = {3, 3, 1, 3, 10, 1, 1, 1, 1};
 
+constexpr const char* kHeadNames[] = {"Time", "Number", "Dummy", "Dummy*3", "Dummy*10"};
+/// "Raius" is what users know the item by.
+constexpr const char* kBodyNames[] = {"XYZ",   "VxVyVz", "Dummy", "Dummy*3", "Dummy*10",
+                                      "Raius", "ID",     "Type",  "Value1"};
+
 unsigned int SumUnits(std::span<const int> codes, unsigned int (*units)(int)) {
     unsigned int sum = 0;
     for (const int code : codes) sum += units(code);
@@ -68,6 +73,13 @@ unsigned int GrammerBase_cls::HeadUnits(int code) {
 }
 unsigned int GrammerBase_cls::BodyUnits(int code) {
     return code >= 0 && code < static_cast<int>(std::size(kBodyUnits)) ? kBodyUnits[code] : 0;
+}
+
+wxString GrammerBase_cls::HeadName(int code) {
+    return code >= 0 && code <= kLastHeadCode ? kHeadNames[code] : "?";
+}
+wxString GrammerBase_cls::BodyName(int code) {
+    return code >= 0 && code <= kLastBodyCode ? kBodyNames[code] : "?";
 }
 
 unsigned int GrammerBase_cls::GetHeaderByte() const {

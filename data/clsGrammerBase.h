@@ -48,6 +48,14 @@ class GrammerBase_cls {
     /// unknown.
     static unsigned int HeadUnits(int code);
     static unsigned int BodyUnits(int code);
+    /// Codes run from 0 to these.
+    static constexpr int kLastHeadCode = kHeadDummy10;
+    static constexpr int kLastBodyCode = kValue1;
+    /// The name that is shown for a code; "?" if unknown.
+    static wxString HeadName(int code);
+    static wxString BodyName(int code);
+    /// Whether a body code may stand more than once.
+    static bool IsRepeatable(int code) { return code >= kDummy && code <= kDummy10; }
 
     unsigned int GetHeaderByte() const;
     unsigned int GetHeaderLine() const;

@@ -10,11 +10,10 @@ namespace {
 
 constexpr size_t kLookedAtByte = 64;
 
-bool LooksLikeText(const InputFile_cls& file) {
+bool IsTextFile(const InputFile_cls& file) {
     std::string bytes(kLookedAtByte, '\0');
     bytes.resize(file.ReadAt(0, bytes.data(), bytes.size()));
-    return !bytes.empty() && std::all_of(bytes.begin(), bytes.end(),
-                                         [](unsigned char c) { return std::isprint(c) || std::isspace(c); });
+    return LooksLikeText(bytes);
 }
 
 uint64_t SizeFor(const GrammerBase_cls& grammer, uint64_t particles) {
@@ -23,9 +22,16 @@ uint64_t SizeFor(const GrammerBase_cls& grammer, uint64_t particles) {
 
 }  // namespace
 
+bool LooksLikeText(std::string_view start) {
+    return !start.empty() && std::all_of(start.begin(), start.end(), [](unsigned char c) {
+        // Letters of other languages are bytes from 128 on.
+        return c >= 128 || std::isprint(c) || std::isspace(c);
+    });
+}
+
 wxString GuessLayout(const InputFile_cls& file, const GrammerBase_cls& grammer, int number) {
     if (grammer.IsText()) return {};
-    if (LooksLikeText(file)) return "; it looks like text (DataLoadDataType=1)";
+    if (IsTextFile(file)) return "; it looks like text (DataLoadDataType=1)";
     const uint32_t swapped = __builtin_bswap32(static_cast<uint32_t>(number));
     if (SizeFor(grammer, swapped) == file.GetSize()) {
         return wxString::Format("; the file has the other byte order (%u particles)", swapped);

@@ -2,8 +2,13 @@
 
 #include <wx/string.h>
 
+#include <string_view>
+
 #include "data/clsGrammerBase.h"
 #include "seam/clsInputFile.h"
+
+/// Whether the start of a file is made of text: bytes that no text holds are missing there.
+bool LooksLikeText(std::string_view start);
 
 /// What a binary file that does not fit its layout probably is, as words to put behind the message: text, or
 /// bytes of the other order. Empty when nothing speaks for either.

@@ -20,6 +20,9 @@ class LinePieces_cls {
     /// Why the file could not be read to its end, in words; empty when it could.
     const std::string& GetFailure() const { return mFailure; }
 
+    /// Bytes of the file read so far.
+    uint64_t GetPosition() const { return mPosition; }
+
     /// Lines of the file that hold a record, at most as many as an int counts.
     static int CountRecords(const InputFile_cls& file, unsigned int linesBefore);
 

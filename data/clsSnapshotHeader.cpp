@@ -95,11 +95,19 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
 SnapshotHeader_cls SnapshotHeader_cls::FromText(std::string_view text, const GrammerBase_cls& grammer) {
     SnapshotHeader_cls header;
     text = WithoutByteOrderMark(text);
+    int lineNumber = 0;
     for (const int code : grammer.GetHeaderGrammer()) {
+        ++lineNumber;
         if (text.empty()) header.mComplete = false;
         const std::string_view line = TakeLine(&text).substr(0, kMaxHeaderLine);
         if (code == GrammerBase_cls::kTime) header.mComplete &= ParseTime(line, &header.mTime);
         if (code == GrammerBase_cls::kNumber) header.mComplete &= ParseCount(line, &header.mNumber);
+        if (!header.mComplete && header.mBadLine == 0) header.mBadLine = lineNumber;
     }
     return header;
+}
+
+wxString SnapshotHeader_cls::Describe() const {
+    const wxString time = mTime ? wxString::Format("time %g", *mTime) : wxString("no time");
+    return time + (mNumber ? wxString::Format(", %d particles", *mNumber) : wxString(", no count"));
 }

@@ -24,7 +24,11 @@ class TextCursor_cls {
     bool FindRecord();
     /// Goes behind the end of the current line.
     void SkipLine();
+    /// The next word of the line, to go behind it; empty when there is none.
+    std::string_view TakeWord();
     void SkipWord() { TakeWord(); }
+    /// Where it stands in the text.
+    const char* GetPosition() const { return mNow; }
 
     /// Read the next word of the line and go behind it. False, with the value untouched, when the line has
     /// no further word or the word is no such number.
@@ -49,7 +53,6 @@ class TextCursor_cls {
     void SkipSeparators() {
         while (mNow != mEnd && IsSeparator(*mNow)) ++mNow;
     }
-    std::string_view TakeWord();
     /// For all words that the quick way can not be sure about.
     bool ReadFloatSlowly(float* value);
     bool ReadIntegerSlowly(int32_t* value);

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <wx/string.h>
+
+#include <string>
+
+#include "data/clsSeriesNames.h"
+
+/// Folders in the user's cache through which files with other names are seen as a series that is numbered by
+/// one: links to the members of a series, or copies of the time steps of one file (StepSplitter_cls). A
+/// folder is named after its file and lies under that file's own path: "<cache>/varnholt3/series/home/me/run/
+/// dump.0/dump_00000". So whoever sees the name knows where the data are, and a project finds them again
+/// after the cache was emptied. Threads: GUI thread. Failure: said in words, and the folder is as it was
+/// before.
+class SeriesFolder_cls {
+  public:
+    enum class Content { Links, Steps };
+
+    /// For the file as it was chosen, the first of its series.
+    SeriesFolder_cls(const wxString& file, Content content);
+
+    /// The place of all series: below the user's cache directory.
+    static wxString GetRoot();
+    const wxString& GetPath() const { return mPath; }
+    /// The file it was made for, with its whole path.
+    const wxString& GetFile() const { return mFile; }
+    /// Member `number` of the series; the first one is what is opened.
+    wxString GetMember(size_t number) const;
+    wxString GetMemberName(size_t number) const;
+
+    /// Links to the members, at most kMostMembers. Existing links are taken over, so that a series that has
+    /// grown is opened as fast as one that has not. Empty, or why it failed.
+    wxString MakeLinks(const SeriesNames_cls& names) const;
+
+    /// The links of a path below the root are made anew when they are missing or the series has grown. Does
+    /// nothing for any other path, and for steps of a file.
+    static void Refresh(const wxString& path);
+    /// Removes folders whose files are gone for a month, and what killed runs left.
+    static void RemoveStale();
+
+    /// More than a series may have: opening one that is too long then says so.
+    static constexpr size_t kMostMembers = 10001;
+    /// In the name of a folder that is being filled.
+    static constexpr const char* kPartTag = ".part-";
+
+  private:
+    wxString mFile;  ///< absolute
+    wxString mPath;
+    std::string mMemberPrefix;
+    std::string mMemberSuffix;
+};
