@@ -14,7 +14,7 @@ bool IsAbsolute(const wxString& path) {
 
 wxString Absolute(const wxString& path) {
     std::error_code error;
-    const auto absolute = std::filesystem::absolute(ToBytes(path.empty() ? wxString(".") : path), error);
+    const auto absolute = std::filesystem::absolute(ToBytes(path.empty() ? wxString("./") : path), error);
     return error ? path : FromBytes(absolute.lexically_normal().string());
 }
 
@@ -32,10 +32,10 @@ wxString DataName::Resolve(const wxString& folder, const wxString& name) {
 
 wxString DataName::ForProject(const wxString& folder, const wxString& path) {
     if (path.empty() || IsAbsolute(path)) return path;
-    const wxString full = Absolute(path);
     wxString inside = Absolute(folder);
     if (!inside.EndsWith("/")) inside += "/";
+    if (inside == Absolute("./")) return path;
+    const wxString full = Absolute(path);
     wxString rest;
-    if (!full.StartsWith(inside, &rest)) return full;
-    return inside == Absolute("./") ? path : rest;
+    return full.StartsWith(inside, &rest) ? rest : full;
 }
