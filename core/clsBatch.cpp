@@ -8,6 +8,7 @@
 
 #include "core/clsFilm.h"
 #include "core/clsInterrupt.h"
+#include "core/clsPovJob.h"
 #include "core/clsProgress.h"
 #include "data/clsLayoutHint.h"
 #include "interp/clsSnapData.h"
@@ -18,7 +19,8 @@
 #include "seam/clsUserMessage.h"
 
 Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
-    : mLine(std::move(line)),
+    : mProgramFolder(programFolder),
+      mLine(std::move(line)),
       mMain(programFolder),
       mProject(mMain.GetProjectFile()),
       mSource(mMain, mLine.mVerbose) {
@@ -37,6 +39,8 @@ int Batch_cls::Run() {
             return Render();
         case CommandLine_cls::Action::Export:
             return Export();
+        case CommandLine_cls::Action::Pov:
+            return Pov();
         default:
             return Save();
     }
@@ -177,6 +181,20 @@ int Batch_cls::Render() {
         case Film_cls::Result::Interrupted:
             return kInterrupted;
         case Film_cls::Result::Failed:
+            return kFailed;
+        default:
+            return Outcome();
+    }
+}
+
+int Batch_cls::Pov() {
+    if (!HasData() || !IsNumberedByOne()) return kFailed;
+    const auto frames = ChooseFrames();
+    if (!frames) return kWrongUsage;
+    switch (PovJob_cls(mMain, mSource, mLine, *frames, mProgramFolder).Run()) {
+        case PovJob_cls::Result::Interrupted:
+            return kInterrupted;
+        case PovJob_cls::Result::Failed:
             return kFailed;
         default:
             return Outcome();

@@ -23,6 +23,7 @@ class Batch_cls {
     int Render();
     int Export();
     int Save();
+    int Pov();
 
     bool IsProject() const { return mLine.mFile.Lower().EndsWith(".vhp"); }
     bool HasData();
@@ -41,6 +42,7 @@ class Batch_cls {
     /// The exit status of a job that went to its end.
     int Outcome() const;
 
+    const wxString mProgramFolder;
     CommandLine_cls mLine;
     Main_cls mMain;
     ProjectFile_cls& mProject;

@@ -1,5 +1,7 @@
 #include "core/clsMain.h"
 
+#include <wx/intl.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -218,4 +220,9 @@ bool Main_cls::ReadConfiguration(const std::optional<wxString>& path) {
 
 bool Main_cls::QuitProcess() {
     return mConfigPath.empty() || SaveProjectFile(mConfigPath, false) == 1;
+}
+
+bool Main_cls::IsPovrayCondistionSatisfiled() const {
+    return mLightSRCCtrl.GetVisibleNumber() > 0 ||
+           UserMessage_cls::AskYesNo(wxGetTranslation("Output .pov file"), wxGetTranslation("No Light"));
 }

@@ -26,6 +26,7 @@ class WindowSession_cls {
     bool Open();
 
     Main_cls& GetMain() { return mMain; }
+    FrameContext_cls& GetContext() { return mContext; }
     /// Null when it has been closed.
     FrameMain_cls* GetFrame() { return mFrame.get(); }
 

@@ -41,7 +41,7 @@ ColorCurveBtn_cls::ColorCurveBtn_cls(wxWindow* parent, const wxString& name, Col
     sizer->Add(mGradient, flags);
     sizer->Add(copy, wxSizerFlags(flags).Border(wxLEFT, FromDIP(kGap)));
     sizer->Add(paste, wxSizerFlags(flags).Border(wxLEFT, FromDIP(kGap)));
-    SetSizer(sizer);
+    SetSizerAndFit(sizer);
 
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const bool control = event.GetModifiers() == wxMOD_CONTROL;

@@ -68,8 +68,8 @@ wxSizer* ColorCurveGUI_cls::MakeButtons() {
     };
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     for (const Entry& entry : entries) {
-        auto* button = new wxButton(this, wxID_ANY, entry.label, wxDefaultPosition, wxDefaultSize,
-                                    wxBU_EXACTFIT, wxDefaultValidator, entry.label);
+        auto* button = new wxButton(this, wxID_ANY, entry.label, wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, entry.label);
         button->SetToolTip(entry.tooltip);
         button->Bind(wxEVT_BUTTON, [this, press = entry.press](wxCommandEvent&) {
             if (ColorCurve_cls* curve = mCtrl.GetLinked()) press(*curve);

@@ -27,7 +27,7 @@ NumberField_cls::NumberField_cls(wxWindow* parent, const wxString& name, const w
     auto* sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(mText, wxSizerFlags(0).CenterVertical());
     sizer->Add(mUnit, wxSizerFlags(1).CenterVertical().Border(wxLEFT, FromDIP(4)));
-    SetSizer(sizer);
+    SetSizerAndFit(sizer);
 
     mText->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ShowMark(); });
     mText->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) {

@@ -5,6 +5,7 @@
 #include <wx/choice.h>
 #include <wx/clrpicker.h>
 #include <wx/filedlg.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -27,7 +28,8 @@ wxColour ToColour(const Color4& color) {
 
 SettingsPage_cls::SettingsPage_cls(wxWindow* parent)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL) {
-    SetSizer(new wxBoxSizer(wxVERTICAL));
+    SetSizer(new wxBoxSizer(wxHORIZONTAL));
+    BeginColumn();
     SetScrollRate(0, FromDIP(kScrollStep));
 }
 
@@ -35,20 +37,35 @@ wxFlexGridSizer& SettingsPage_cls::Grid() {
     if (!mGrid) {
         mGrid = new wxFlexGridSizer(2, FromDIP(wxSize(kGap, kGap)));
         mGrid->AddGrowableCol(1);
-        GetSizer()->Add(mGrid, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+        mColumn->Add(mGrid, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
     }
     return *mGrid;
+}
+
+void SettingsPage_cls::BeginColumn() {
+    mColumn = new wxBoxSizer(wxVERTICAL);
+    GetSizer()->Add(mColumn, wxSizerFlags(1).Expand());
+    mGrid = nullptr;
+    mLabels.clear();
 }
 
 void SettingsPage_cls::BeginGroup(const wxString& heading) {
     auto* text = new wxStaticText(this, wxID_ANY, heading);
     text->SetFont(text->GetFont().Bold());
-    GetSizer()->Add(text, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(kGap)));
+    mColumn->Add(text, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(kGap)));
     mGrid = nullptr;
 }
 
 void SettingsPage_cls::AddLabel(const wxString& label) {
-    Grid().Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CenterVertical());
+    mLabels.push_back(new wxStaticText(this, wxID_ANY, label));
+    Grid().Add(mLabels.back(), wxSizerFlags().CenterVertical());
+    int width = 0;
+    for (const wxStaticText* text : mLabels) width = std::max(width, text->GetBestSize().x);
+    for (wxStaticText* text : mLabels) text->SetMinSize(wxSize(width, -1));
+}
+
+wxSize SettingsPage_cls::DoGetBestSize() const {
+    return GetSizer()->GetMinSize() + wxSize(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this), 0);
 }
 
 void SettingsPage_cls::AddControl(wxWindow* control, bool stretch) {
@@ -114,7 +131,7 @@ SliderField_cls& SettingsPage_cls::AddSlider(const wxString& label, const wxStri
 
 wxCheckBox& SettingsPage_cls::AddCheck(const wxString& label, const wxString& tooltip,
                                        const Setting_cls<bool>& setting) {
-    Grid().AddStretchSpacer();
+    AddLabel({});
     auto* check =
         new wxCheckBox(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, label);
     check->SetToolTip(tooltip);
@@ -188,15 +205,15 @@ void SettingsPage_cls::AddWindow(const wxString& label, wxWindow* window) {
 
 void SettingsPage_cls::AddWide(wxWindow* window) {
     mGrid = nullptr;
-    GetSizer()->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+    mColumn->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
 }
 
 void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Button>& buttons) {
     AddLabel(label);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     for (const Button& entry : buttons) {
-        auto* button = new wxButton(this, wxID_ANY, entry.label, wxDefaultPosition, wxDefaultSize,
-                                    wxBU_EXACTFIT, wxDefaultValidator, entry.label);
+        auto* button = new wxButton(this, wxID_ANY, entry.label, wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, entry.label);
         button->SetToolTip(entry.tooltip);
         button->Bind(wxEVT_BUTTON, [press = entry.press](wxCommandEvent&) { press(); });
         row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
@@ -208,7 +225,7 @@ void SettingsPage_cls::AddNote(const wxString& text) {
     mGrid = nullptr;
     auto* note = new wxStaticText(this, wxID_ANY, text);
     note->Wrap(FromDIP(360));
-    GetSizer()->Add(note, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    mColumn->Add(note, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
 }
 
 void SettingsPage_cls::AddRefresher(std::function<void()> refresher) {

@@ -11,7 +11,9 @@
 
 class wxCheckBox;
 class wxChoice;
+class wxBoxSizer;
 class wxFlexGridSizer;
+class wxStaticText;
 class wxTextCtrl;
 
 /// A page of settings, built row by row: label, control, unit. All pages and dialogs of settings are made of
@@ -24,6 +26,8 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
 
     /// Begins a part of the page under a heading. Rows before the first have none.
     void BeginGroup(const wxString& heading);
+    /// What follows stands to the right of what is there: for dialogs that would be too high.
+    void BeginColumn();
 
     wxChoice& AddChoice(const wxString& label, const wxString& tooltip, const wxArrayString& names,
                         const Setting_cls<unsigned int>& setting);
@@ -62,12 +66,19 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
     void RefreshFromModel();
     void ShowSettings(std::uint64_t) override { RefreshFromModel(); }
 
+  protected:
+    /// All of the page, so that a dialog shows it without scrolling where the screen allows.
+    wxSize DoGetBestSize() const override;
+
   private:
     void AddLabel(const wxString& label);
     void AddControl(wxWindow* control, bool stretch);
     static void EnterText(wxTextCtrl& text, const Setting_cls<wxString>& setting);
     wxFlexGridSizer& Grid();
 
+    wxBoxSizer* mColumn = nullptr;
     wxFlexGridSizer* mGrid = nullptr;
+    /// Of the column; as wide as the widest, so that the controls of its groups stand below one another.
+    std::vector<wxStaticText*> mLabels;
     std::vector<std::function<void()>> mRefreshers;
 };

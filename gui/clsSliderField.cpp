@@ -26,7 +26,7 @@ SliderField_cls::SliderField_cls(wxWindow* parent, const wxString& name, const w
     auto* sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(mSlider, wxSizerFlags(1).CenterVertical());
     sizer->Add(mField, wxSizerFlags(1).CenterVertical());
-    SetSizer(sizer);
+    SetSizerAndFit(sizer);
 
     mSlider->Bind(wxEVT_SLIDER, [this](wxCommandEvent&) { OnSlide(); });
     mSlider->Bind(wxEVT_SCROLL_THUMBRELEASE, [this](wxScrollEvent&) { EndDrag(); });

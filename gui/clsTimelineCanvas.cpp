@@ -74,7 +74,8 @@ void TimelineCanvas_cls::RefreshAll() {
 }
 
 void TimelineCanvas_cls::RefreshCursor() {
-    if (mModel.mScale.Follow(mModel.GetCursorFrame())) {
+    // Whoever drags looks at what he has in sight.
+    if (mGesture == Gesture::None && mModel.mScale.Follow(mModel.GetCursorFrame())) {
         RefreshAll();
         return;
     }
@@ -130,6 +131,7 @@ void TimelineCanvas_cls::OnScroll(wxScrollWinEvent& event) {
 void TimelineCanvas_cls::Begin(Gesture gesture, wxPoint place) {
     mGesture = gesture;
     mPressed = mLast = place;
+    mPressedTime = mModel.ToTime(mView.ToTrackX(place.x));
     mMoved = false;
     if (!HasCapture()) CaptureMouse();
 }
@@ -161,9 +163,12 @@ void TimelineCanvas_cls::OnLeftDown(wxMouseEvent& event) {
         case Area::Tracks:
             PressTrack(event);
             break;
-        case Area::Curves:
-            PressCurve(event);
+        case Area::Curves: {
+            const std::optional<Found> key = FindCurveKey(place);
+            PressKey(key, event);
+            Begin(key ? Gesture::CurveKeys : Gesture::CurveBox, place);
             break;
+        }
     }
     RefreshAll();
 }
@@ -185,36 +190,37 @@ void TimelineCanvas_cls::PressName(wxMouseEvent& event) {
     }
 }
 
-void TimelineCanvas_cls::SelectPressed(const TimelineKeys_cls::Lane& lane, double t,
-                                       const wxMouseEvent& event) {
-    const bool selected = TimelineKeys_cls::IsSelected(lane, t);
-    const bool more = event.ShiftDown() || event.ControlDown();
-    if (!more && !selected) mModel.mKeys.DeselectAll();
-    TimelineKeys_cls::Select(lane, t, !(event.ControlDown() && selected));
-    mGrabbedTime = t;
-    mGrabbedLane = lane;
+std::optional<TimelineCanvas_cls::Found> TimelineCanvas_cls::FindTrackKey(wxPoint place) const {
+    const wxPoint inLanes = mView.ToLanes(place);
+    const int row = mView.mLanes.FindRow(inLanes.y, mTheme);
+    const std::optional<double> time = mView.mLanes.FindKey(mTheme, row, inLanes.x);
+    if (!time) return std::nullopt;
+    return Found{mModel.mTree.GetParameters(*mModel.mTree.GetRow(row)), *time};
+}
+
+std::optional<TimelineCanvas_cls::Found> TimelineCanvas_cls::FindCurveKey(wxPoint place) const {
+    const wxPoint inCurves = mView.ToCurves(place);
+    const auto hit = mView.mCurves.FindKey(mTheme, inCurves.x, inCurves.y);
+    if (!hit) return std::nullopt;
+    return Found{{hit->parameter}, hit->time};
 }
 
 void TimelineCanvas_cls::PressTrack(wxMouseEvent& event) {
-    const wxPoint place = mView.ToLanes(event.GetPosition());
-    const int row = mView.mLanes.FindRow(place.y, mTheme);
+    const int row = mView.mLanes.FindRow(mView.ToLaneY(event.GetY()), mTheme);
     if (row >= 0) mModel.SetCurrentRow(row);
-    const std::optional<double> key = mView.mLanes.FindKey(mTheme, row, place.x);
-    if (key) SelectPressed(mModel.mTree.GetParameters(*mModel.mTree.GetRow(row)), *key, event);
-    if (!key && !event.ShiftDown() && !event.ControlDown()) mModel.mKeys.DeselectAll();
+    const std::optional<Found> key = FindTrackKey(event.GetPosition());
+    PressKey(key, event);
     Begin(key ? Gesture::Keys : Gesture::Box, event.GetPosition());
 }
 
-void TimelineCanvas_cls::PressCurve(wxMouseEvent& event) {
-    const wxPoint place = mView.ToCurves(event.GetPosition());
-    const auto hit = mView.mCurves.FindKey(mTheme, place.x, place.y);
-    if (hit) {
-        SelectPressed({hit->parameter}, hit->time, event);
-        mGrabbedValue = hit->value;
-    } else if (!event.ShiftDown() && !event.ControlDown()) {
-        mModel.mKeys.DeselectAll();
-    }
-    Begin(hit ? Gesture::CurveKeys : Gesture::CurveBox, event.GetPosition());
+void TimelineCanvas_cls::PressKey(const std::optional<Found>& key, const wxMouseEvent& event) {
+    const bool selected = key && TimelineKeys_cls::IsSelected(key->lane, key->time);
+    const bool more = event.ShiftDown() || event.ControlDown();
+    // A selected key is pressed to drag all that are; whether it was a mere click shows at the release.
+    if (!more && !selected) mModel.mKeys.DeselectAll();
+    if (!key) return;
+    TimelineKeys_cls::Select(key->lane, key->time, !(event.ControlDown() && selected));
+    mGrabbedTime = key->time;
 }
 
 void TimelineCanvas_cls::OnMiddleDown(wxMouseEvent& event) {
@@ -237,15 +243,12 @@ void TimelineCanvas_cls::OnDoubleClick(wxMouseEvent& event) {
                 mModel.mTree.SetExpanded(TimelineTree_cls::Row(*found), !found->expanded);
             break;
         case Area::Tracks:
-            if (const std::optional<double> key = mView.mLanes.FindKey(mTheme, row, inLanes.x))
-                ShowKeyDialog(row, *key);
+            if (const std::optional<Found> key = FindTrackKey(place)) ShowKeyDialog(row, key->time);
             break;
-        case Area::Curves: {
-            const wxPoint inCurves = mView.ToCurves(place);
-            if (const auto hit = mView.mCurves.FindKey(mTheme, inCurves.x, inCurves.y))
-                ShowKeyDialog(mModel.GetCurrentNumber(), hit->time);
+        case Area::Curves:
+            if (const std::optional<Found> key = FindCurveKey(place))
+                ShowKeyDialog(mModel.GetCurrentNumber(), key->time);
             break;
-        }
         default:
             break;
     }
@@ -270,6 +273,11 @@ void TimelineCanvas_cls::OnMotion(wxMouseEvent& event) {
 }
 
 void TimelineCanvas_cls::DragTo(wxPoint place) {
+    const bool alongTime =
+        mGesture == Gesture::Ruler || mGesture == Gesture::Keys || mGesture == Gesture::CurveKeys;
+    const int beyond = std::min(mView.ToTrackX(place.x), 0) + std::max(place.x - GetClientSize().x, 0);
+    // Where only a part of the scene is in sight, it follows a drag over the edge.
+    if (alongTime && beyond != 0 && !mModel.mScale.IsWhole()) mModel.mScale.Pan(-beyond);
     switch (mGesture) {
         case Gesture::None:
             break;
@@ -305,25 +313,30 @@ void TimelineCanvas_cls::DragKeys(wxPoint place) {
     if (!mModel.mKeys.IsDragging()) mModel.mKeys.BeginDrag(mGrabbedTime);
     const wxPoint way = place - mPressed;
     double valueOffset = 0.0;
-    int x = way.x;
+    double timeOffset = mModel.ToTime(mView.ToTrackX(place.x)) - mPressedTime;
     if (mGesture == Gesture::CurveKeys) {
         // A small deviation from straight up or straight aside is meant to be none.
         const int slack = FromDIP(2 * kDragDistance);
-        if (std::abs(way.x) < slack) x = 0;
-        if (std::abs(way.y) >= slack || x == 0)
+        if (std::abs(way.x) < slack) timeOffset = 0.0;
+        if (std::abs(way.y) >= slack || timeOffset == 0.0)
             valueOffset = mView.mCurves.ToValue(way.y) - mView.mCurves.ToValue(0.0);
     }
-    mModel.mKeys.DragTo(mGrabbedTime + mModel.ToTimeRange(x), valueOffset);
+    mModel.mKeys.DragTo(mGrabbedTime + timeOffset, valueOffset);
 }
 
 void TimelineCanvas_cls::OnUp(wxMouseEvent& event) {
     const bool isPan = mGesture == Gesture::Pan;
     if (mGesture == Gesture::None || isPan != (event.GetEventType() == wxEVT_MIDDLE_UP)) return;
+    // A fast hand lets go beyond the last place that was told.
+    OnMotion(event);
     const bool keys = mGesture == Gesture::Keys || mGesture == Gesture::CurveKeys;
     if (mMoved && (mGesture == Gesture::Box || mGesture == Gesture::CurveBox)) DragBox(event.GetPosition());
     if (keys && !mMoved && !event.ShiftDown() && !event.ControlDown()) {
+        Prepare();
+        const std::optional<Found> key =
+            mGesture == Gesture::Keys ? FindTrackKey(mPressed) : FindCurveKey(mPressed);
         mModel.mKeys.DeselectAll();
-        TimelineKeys_cls::Select(mGrabbedLane, mGrabbedTime);
+        if (key) TimelineKeys_cls::Select(key->lane, key->time);
     }
     End();
 }
@@ -341,7 +354,6 @@ void TimelineCanvas_cls::End() {
     mView.mRuler.Release();
     mModel.mKeys.EndDrag();
     mGesture = Gesture::None;
-    mGrabbedLane.clear();
     mView.mBox = wxRect();
     if (HasCapture()) ReleaseMouse();
     RefreshAll();
@@ -396,16 +408,13 @@ void TimelineCanvas_cls::OnContextMenu(wxContextMenuEvent& event) {
     } else if (area == Area::Tracks || area == Area::Names) {
         const int row = mView.mLanes.FindRow(mView.ToLaneY(place.y), mTheme);
         mModel.SetCurrentRow(row);
-        const std::optional<double> key = mView.mLanes.FindKey(mTheme, row, x);
         if (area == Area::Names) {
             menu.ShowForRow(row);
         } else {
-            const TimelineTree_cls::Row* found = mModel.mTree.GetRow(row);
-            const TimelineKeys_cls::Lane lane =
-                found ? mModel.mTree.GetParameters(*found) : TimelineKeys_cls::Lane();
-            if (key && !TimelineKeys_cls::IsSelected(lane, *key)) {
+            const std::optional<Found> key = FindTrackKey(place);
+            if (key && !TimelineKeys_cls::IsSelected(key->lane, key->time)) {
                 mModel.mKeys.DeselectAll();
-                TimelineKeys_cls::Select(lane, *key);
+                TimelineKeys_cls::Select(key->lane, key->time);
                 Refresh();
             }
             menu.ShowForKeys(row, mModel.ToTime(x));
@@ -523,9 +532,8 @@ void TimelineCanvas_cls::OnKey(wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     bool done = true;
     if (mGesture != Gesture::None) {
-        // A drag is finished or given up before anything else is done to what it drags.
-        done = key == WXK_ESCAPE;
-        if (done) Cancel();
+        // A drag is finished or given up before anything else, an undo too, is done to what it drags.
+        if (key == WXK_ESCAPE) Cancel();
     } else if (event.ControlDown()) {
         done = !event.ShiftDown() && DoCommandKey(key);
     } else if (key == WXK_DELETE || key == WXK_BACK) {

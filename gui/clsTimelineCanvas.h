@@ -2,6 +2,8 @@
 
 #include <wx/window.h>
 
+#include <optional>
+
 #include "gui/clsTimelineView.h"
 
 /// The window of the timeline under its play bar: draws the view, and turns mouse and keys into edits.
@@ -44,9 +46,15 @@ class TimelineCanvas_cls : public wxWindow {
     void Cancel();
     void PressName(wxMouseEvent& event);
     void PressTrack(wxMouseEvent& event);
-    void PressCurve(wxMouseEvent& event);
+    /// The key at a place in the tracks or the curves, and the lane it is of.
+    struct Found {
+        TimelineKeys_cls::Lane lane;
+        double time;
+    };
+    std::optional<Found> FindTrackKey(wxPoint place) const;
+    std::optional<Found> FindCurveKey(wxPoint place) const;
     /// Selects a key as a press on it does: alone, or with Ctrl or Shift beside the others.
-    void SelectPressed(const TimelineKeys_cls::Lane& lane, double t, const wxMouseEvent& event);
+    void PressKey(const std::optional<Found>& key, const wxMouseEvent& event);
     void DragKeys(wxPoint place);
     void DragBox(wxPoint place);
     void ShowHover(wxPoint place);
@@ -61,9 +69,8 @@ class TimelineCanvas_cls : public wxWindow {
     Gesture mGesture = Gesture::None;
     wxPoint mPressed;
     wxPoint mLast;
-    bool mMoved = false;        ///< the mouse has left the place where it was pressed
+    bool mMoved = false;  ///< the mouse has left the place where it was pressed
+    double mPressedTime = 0.0;
     double mGrabbedTime = 0.0;  ///< of the key under the mouse
-    double mGrabbedValue = 0.0;
-    TimelineKeys_cls::Lane mGrabbedLane;  ///< valid until the button is released
-    int mCursorX = 0;                     ///< where the current frame was drawn last
+    int mCursorX = 0;           ///< where the current frame was drawn last
 };

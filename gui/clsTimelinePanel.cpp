@@ -37,11 +37,8 @@ TimelinePanel_cls::TimelinePanel_cls(wxWindow* parent, TimeCtrl_cls& timeCtrl,
     mObserver = GCUndoList.AddObserver([this](std::uint64_t bits) {
         constexpr std::uint64_t kCursorOnly = CommandItem_cls::kUpdateTime | CommandItem_cls::kUpdateRedraw;
         mPlayBar->RefreshFromModel();
-        if (bits & ~kCursorOnly) {
-            mCanvas->RefreshAll();
-        } else {
-            mCanvas->RefreshCursor();
-        }
+        if (bits & ~kCursorOnly) mCanvas->RefreshAll();
+        if (bits & CommandItem_cls::kUpdateTime) mCanvas->RefreshCursor();
     });
 }
 

@@ -27,6 +27,8 @@ ViewSettingsGUI_cls::ViewSettingsGUI_cls(wxWindow* parent, const Panels& panels,
                    RefreshFromModel();
                }});
     AddProjection();
+    AddLegend(shared);
+    BeginColumn();
     AddShown();
 }
 
@@ -86,10 +88,20 @@ void ViewSettingsGUI_cls::AddShown() {
 
     BeginGroup(_("Grid"));
     AddSwitch(_("Show/Hide Grid"), _("A grid through the origin"), &PanelSettings_cls::mShowGrid);
-    AddChoice(_("Plane"), _("The planes in which the grid lies"),
-              Words({_("x-y"), _("y-z"), _("z-x"), _("All three")}),
-              BindPanel<unsigned int>(_("Plane"), &PanelSettings_cls::mGridType));
+    AddChoice(_("Grid kind"), _("The planes in which the grid lies"),
+              Words({_("None"), _("x-y"), _("x-z"), _("y-z"), _("All three"), _("Axes")}),
+              BindPanel<unsigned int>(_("Grid kind"), &PanelSettings_cls::mGridType));
     AddSwitch(_("Smooth lines"), _("Antialiased grid lines"), &PanelSettings_cls::mGridAntialias);
     AddSwitch(_("Numbers"), _("Coordinates beside the grid, in the data's length unit"),
               &PanelSettings_cls::mGridShowTag);
+}
+
+void ViewSettingsGUI_cls::AddLegend(PanelShared_cls& shared) {
+    BeginGroup(_("All panels"));
+    AddChoice(_("Legend"),
+              _("A colour bar with the values of this attribute's curve, in the views and in saved pictures"),
+              Words({_("None"), "Attrib 0", "Attrib 1", "Attrib 2", "Attrib 3"}),
+              BindAs<unsigned int>(_("Legend"), shared.mLegend.mValue));
+    AddText(_("Legend unit"), _("The unit of the values, e.g. km/s, shown beside their name; - for none"),
+            BindText(_("Legend unit"), shared.mLegendUnit));
 }

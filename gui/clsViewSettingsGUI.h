@@ -20,6 +20,7 @@ class ViewSettingsGUI_cls : public SettingsPage_cls {
   private:
     void AddProjection();
     void AddShown();
+    void AddLegend(PanelShared_cls& shared);
     PanelSettings_cls& Panel() const { return *mPanels[mPanel]; }
 
     /// A setting of the panel that is chosen at the time.

@@ -41,8 +41,8 @@ ColorLegend_cls ColorLegend_cls::Of(const ColorCurve_cls& curve, const wxString&
     const double min = curve.mScalingMin.mValue;
     const double max = curve.mScalingMax.mValue;
     const double length = std::abs(max - min);
-    if (!std::isfinite(length) || length == 0.0 || maxTicks < 1) return legend;
-    const double step = RoundStep(length, maxTicks);
+    if (!std::isfinite(length) || length == 0.0 || maxTicks < 2) return legend;
+    const double step = RoundStep(length, maxTicks - 1);
     const double low = std::min(min, max);
     for (double k = std::ceil(low / step - 1e-6); k * step <= low + length * (1.0 + 1e-6); k += 1.0) {
         // A range far from zero may be narrower than what its numbers can tell apart.

@@ -2,9 +2,11 @@
 
 #include "data/clsPDataSeqCtrl.h"
 #include "interp/clsSnapData.h"
+#include "render/clsGLAttribute.h"
 #include "render/clsGLPerspective.h"
 #include "render/clsOpenGL.h"
 #include "render/clsPanelShared.h"
+#include "scene/clsLegendBar.h"
 #include "scene/clsLightSRCCtrl.h"
 #include "scene/clsOverlayText.h"
 #include "scene/clsRoundView.h"
@@ -142,4 +144,18 @@ void ScenePass_cls::DrawOverlay(const SceneView_cls& view) const {
     const OverlayText_cls text(view.mHeight, GetBackground());
     if (view.mState) text.DrawTime(view.mShownTime.value_or(view.mState->GetTime()));
     if (view.mAids) text.DrawMessage(mMessage);
+    DrawLegend(view, text);
+}
+
+void ScenePass_cls::DrawLegend(const SceneView_cls& view, const OverlayText_cls& text) const {
+    const unsigned int which = mLinks.shared.mLegend.mValue;
+    if (which == PanelShared_cls::kNoLegend || which > PDataSequence_cls::kAttributes) return;
+    const int attribute = static_cast<int>(which) - 1;
+    const wxString& unit = mLinks.shared.mLegendUnit.GetValueText();
+    const LegendBar_cls bar(view.mWidth, view.mHeight);
+    bar.Draw(
+        ColorLegend_cls::Of(
+            mLinks.data.GetActive().GetAttribute(attribute).GetCurve(SnapAttribute_cls::kColor),
+            unit == PanelShared_cls::kNoUnit ? wxString() : unit, LegendBar_cls::kSteps, bar.GetMaxTicks()),
+        text);
 }

@@ -11,6 +11,7 @@
 #include "scene/clsViewCamera.h"
 
 class DrawOption_cls;
+class OverlayText_cls;
 class LightSRCCtrl_cls;
 class PDataSeqCtrl_cls;
 class PanelShared_cls;
@@ -72,6 +73,7 @@ class ScenePass_cls {
     void DrawGuides(const SceneView_cls& view, const ViewCamera_cls& camera) const;
     void DrawAids(const SceneView_cls& view, const ViewCamera_cls& camera) const;
     void DrawOverlay(const SceneView_cls& view) const;
+    void DrawLegend(const SceneView_cls& view, const OverlayText_cls& text) const;
     std::array<float, 3> GetBackground() const;
 
     Links mLinks;

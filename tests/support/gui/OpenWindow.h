@@ -19,6 +19,7 @@ class OpenWindow_cls {
 
     /// On the GUI thread.
     Main_cls& Main() { return mSession->GetMain(); }
+    FrameContext_cls& Context() { return mSession->GetContext(); }
     /// On the GUI thread. Null when it has been closed.
     FrameMain_cls* Frame() { return mSession->GetFrame(); }
 

@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+#include <wx/choice.h>
+#include <wx/frame.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+
+#include "gui/clsKeyFrameGUI.h"
+#include "gui/clsTimelineCanvas.h"
+#include "gui/clsTimelinePanel.h"
+#include "support/TimelineScene.h"
+#include "support/gui/User.h"
+
+namespace {
+
+/// The timeline panel alone in a window, with a user before it.
+class TimelineGuiTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        OnGui([this] {
+            mScene = std::make_unique<TimelineScene>();
+            mFrame = new wxFrame(nullptr, wxID_ANY, "Timeline", wxPoint(0, 0), wxSize(1200, 420));
+            mPanel = new TimelinePanel_cls(mFrame, mScene->time, mScene->trees);
+            auto* sizer = new wxBoxSizer(wxVERTICAL);
+            sizer->Add(mPanel, wxSizerFlags(1).Expand());
+            mFrame->SetSizer(sizer);
+            mFrame->Show();
+            mFrame->Raise();
+        });
+        WaitFor([this] { return mFrame->IsActive() && mFrame->IsShownOnScreen(); });
+    }
+    void TearDown() override {
+        OnGui([this] {
+            delete mFrame;
+            mScene.reset();
+        });
+    }
+
+    /// Where a frame is on the screen, in a row counted from the lanes' top; row -1 is the frame numbers.
+    wxPoint At(double frame, double row) {
+        return OnGui([&] {
+            auto* canvas = FindWindowBelow<TimelineCanvas_cls>(mFrame);
+            const TimelineTheme_cls theme(*canvas);
+            const int names = theme.rowHeight * 15;
+            TimelineScale_cls scale;
+            scale.SetSize(canvas->GetClientSize().x - names, mScene->time.GetMaxFrame());
+            const double y =
+                row < 0 ? theme.rulerHeight * 0.25 : theme.rulerHeight + (row + 0.5) * theme.rowHeight;
+            return canvas->ClientToScreen(wxPoint(names + wxRound(scale.ToX(frame)), wxRound(y)));
+        });
+    }
+    bool HasFrames(const std::vector<double>& expected) {
+        return WaitFor(
+            [&] {
+                const std::vector<double> frames = mScene->GetFrames();
+                return frames.size() == expected.size() &&
+                       std::equal(frames.begin(), frames.end(), expected.begin(),
+                                  [](double a, double b) { return std::abs(a - b) < 1e-6; });
+            },
+            5000);
+    }
+
+    static constexpr int kPositionRow = 1;
+
+    std::unique_ptr<TimelineScene> mScene;
+    wxFrame* mFrame = nullptr;
+    TimelinePanel_cls* mPanel = nullptr;
+    User_cls mUser;
+};
+
+TEST_F(TimelineGuiTest, KeysAreDraggedSelectedCopiedAndDeleted) {
+    mUser.Drag(At(20, kPositionRow), At(35, kPositionRow));
+    EXPECT_TRUE(HasFrames({0, 35, 60}));
+    mUser.Press("Right");
+    EXPECT_TRUE(HasFrames({0, 36, 60})) << "the dragged key is selected and moves by a frame";
+    OnGui([] {
+        GCUndoList.UndoCurrent();
+        GCUndoList.UndoCurrent();
+    });
+    EXPECT_TRUE(HasFrames({0, 20, 60}));
+
+    mUser.Drag(At(15, kPositionRow - 0.3), At(70, kPositionRow + 0.4));
+    mUser.Press("ctrl+c");
+    mUser.Click(At(30, -1));
+    EXPECT_TRUE(WaitFor([this] { return mScene->time.GetFrame() == 30; }));
+    mUser.Press("ctrl+v");
+    EXPECT_TRUE(HasFrames({0, 20, 30, 60, 70})) << "pasted at the frame that was clicked";
+    mUser.Press("Delete");
+    EXPECT_TRUE(HasFrames({0, 20, 60}));
+    mUser.Drag(At(60, kPositionRow), At(80, kPositionRow));
+    EXPECT_TRUE(HasFrames({0, 20, 80}));
+}
+
+TEST_F(TimelineGuiTest, ScrubbingAndTheAreasAreOneStepEach) {
+    const auto frame = [this](int expected) {
+        return WaitFor([=, this] { return mScene->time.GetFrame() == expected; }, 5000);
+    };
+    mUser.Drag(At(10, -1), At(64, -1));
+    EXPECT_TRUE(frame(64));
+    OnGui([] { GCUndoList.UndoCurrent(); });
+    EXPECT_TRUE(frame(0));
+    EXPECT_FALSE(OnGui([] { return GCUndoList.CanUndo(); }));
+
+    const auto workArea = [this] { return mScene->time.GetSettings().GetWorkArea(); };
+    const int up = OnGui([this] {
+        const TimelineTheme_cls theme(*FindWindowBelow<TimelineCanvas_cls>(mFrame));
+        return theme.rowHeight / 2 + theme.barHeight * 3 / 2 + 2;
+    });
+    const auto bar = [&](int at) { return At(at, 0) - wxPoint(0, up); };
+    mUser.Drag(bar(100), bar(70));
+    EXPECT_TRUE(WaitFor([&] { return workArea() == FrameRange{0, 70}; }, 5000));
+    mUser.Drag(bar(30), bar(50));
+    EXPECT_TRUE(WaitFor([&] { return workArea() == FrameRange{20, 90}; }, 5000)) << "the bar as a whole";
+    OnGui([] {
+        GCUndoList.UndoCurrent();
+        GCUndoList.UndoCurrent();
+    });
+    EXPECT_TRUE(WaitFor([&] { return workArea() == FrameRange{0, 100}; }, 5000));
+}
+
+TEST_F(TimelineGuiTest, TypesByTheMenuAndValuesByTheDialog) {
+    const auto key = [this](int i) {
+        return mScene->position.GetParameter(0).GetKeys().at(static_cast<size_t>(i));
+    };
+    bool isOpen = false;
+    OnGui([&] { mFrame->Bind(wxEVT_MENU_OPEN, [&isOpen](wxMenuEvent&) { isOpen = true; }); });
+    mUser.Click(At(60, kPositionRow), 3);
+    ASSERT_TRUE(WaitFor([&] { return isOpen; }));
+    // The types come after inserting, editing, the clipboard's four and selecting all.
+    for (int i = 0; i < 12; ++i) mUser.Press("Down");
+    mUser.Press("Return");
+    EXPECT_TRUE(WaitFor([&] { return key(2).mType != KeyFrame_cls::kLinear; }, 5000));
+    OnGui([] { GCUndoList.UndoCurrent(); });
+    EXPECT_EQ(OnGui([&] { return key(2).mType; }), KeyFrame_cls::kLinear);
+
+    mUser.DoubleClick(At(60, kPositionRow));
+    const auto dialog = [] {
+        for (wxWindow* window : wxTopLevelWindows) {
+            if (auto* found = dynamic_cast<KeyFrameGUI_cls*>(window); found && found->IsActive())
+                return found;
+        }
+        return static_cast<KeyFrameGUI_cls*>(nullptr);
+    };
+    ASSERT_TRUE(WaitFor([&] { return dialog() != nullptr; }));
+    mUser.Type("1000");
+    mUser.Press("Return");
+    mUser.Press("ctrl+a");
+    mUser.Type("55");
+    for (int i = 0; i < 2; ++i) mUser.Press("Tab");
+    mUser.Type("7.5");
+    mUser.Press("Return");
+    EXPECT_TRUE(WaitFor([&] { return dialog() == nullptr; }, 5000));
+    EXPECT_TRUE(HasFrames({0, 20, 55})) << "the frame outside of the scene was refused";
+    EXPECT_DOUBLE_EQ(OnGui([&] { return key(2).mValue; }), 7.5);
+    OnGui([] { GCUndoList.UndoCurrent(); });
+    EXPECT_TRUE(HasFrames({0, 20, 60}));
+    EXPECT_DOUBLE_EQ(OnGui([&] { return key(2).mValue; }), 5.0) << "one step";
+}
+
+}  // namespace
