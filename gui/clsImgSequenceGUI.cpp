@@ -39,15 +39,12 @@ wxString Duration(long seconds) {
 
 }  // namespace
 
-ImgSequenceGUI_cls& ImgSequenceGUI_cls::Open(wxWindow& parent, const Links& links, bool oneFrame) {
+ImgSequenceGUI_cls& ImgSequenceGUI_cls::Open(wxWindow& parent, const Links& links) {
     ImgSequenceGUI_cls* dialog = nullptr;
     for (wxWindow* child : parent.GetChildren())
         if (auto* candidate = dynamic_cast<ImgSequenceGUI_cls*>(child)) dialog = candidate;
     if (!dialog) dialog = new ImgSequenceGUI_cls(parent, links);
-    if (!dialog->IsSaving()) {
-        dialog->mRange->SetSelection(oneFrame ? kThisFrame : kWorkArea);
-        dialog->ShowRange();
-    }
+    if (!dialog->IsSaving()) dialog->ShowRange();
     dialog->Show();
     dialog->Raise();
     return *dialog;
@@ -109,6 +106,7 @@ void ImgSequenceGUI_cls::AddNames() {
 void ImgSequenceGUI_cls::AddFrames() {
     mRange = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                           Words({"This frame", "Work area", "Whole scene", "From ... to ..."}));
+    mRange->SetSelection(kWorkArea);
     mRange->SetName("Frames");
     mRange->SetToolTip("Which frames of the timeline are saved");
     mRange->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowRange(); });

@@ -32,8 +32,8 @@ class ImgSequenceGUI_cls : public wxDialog {
         std::function<const PanelSettings_cls&()> getPanel;  ///< of the view that is meant
         std::function<wxSize()> getViewSize;                 ///< its pixels
     };
-    /// Makes the dialog, or shows the one there is. With `oneFrame` it offers the current frame only.
-    static ImgSequenceGUI_cls& Open(wxWindow& parent, const Links& links, bool oneFrame);
+    /// Makes the dialog, or shows the one there is.
+    static ImgSequenceGUI_cls& Open(wxWindow& parent, const Links& links);
 
     bool IsSaving() const { return mChild.IsRunning(); }
 

@@ -9,7 +9,7 @@
 bool ImgSequence_cls::EnsureNumbered() {
     FileSequence_cls files(mPattern);
     if (files.IsNumbered() || mFirst == mLast) return true;
-    if (!UserMessage_cls::AskYesNo("Not Sequence. Append 4-digit tag ?", "Sequence Format error"))
+    if (!UserMessage_cls::AskYesNo("Sequence Format error", "Not Sequence. Append 4-digit tag ?"))
         return false;
     // The tag takes the ending's place, and the ending chooses the format.
     const wxString ending = mPattern.Contains(".") ? "." + mPattern.AfterLast('.') : wxString();

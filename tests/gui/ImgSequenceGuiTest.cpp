@@ -46,9 +46,9 @@ class ImgSequenceGuiTest : public ::testing::Test {
                                 main.SaveProjectFile(mFolder.File("copy.vhp"), true) == 1;
                      },
                  .getPanel = [&main]() -> const PanelSettings_cls& { return main.GetPanelSettings(0); },
-                 .getViewSize = [] { return wxSize(200, 100); }},
-                false);
+                 .getViewSize = [] { return wxSize(200, 100); }});
         });
+        ASSERT_TRUE(WaitFor([this] { return mDialog->IsActive(); }));
     }
     void TearDown() override { mWindow.reset(); }
 
