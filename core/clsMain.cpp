@@ -1,5 +1,9 @@
 #include "core/clsMain.h"
 
+#include <wx/filename.h>
+#include <wx/intl.h>
+#include <wx/log.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -13,6 +17,7 @@
 #include "render/clsZSort.h"
 #include "seam/clsClock.h"
 #include "seam/clsEventSink.h"
+#include "seam/clsUserFolder.h"
 #include "seam/clsUserMessage.h"
 #include "timeline/clsComParamBase.h"
 #include "timeline/clsUndoManager.h"
@@ -24,12 +29,16 @@ constexpr int kFinishPeriodMs = 10;
 constexpr int kLastFrameOfAll = 9999;
 constexpr int kCutLength = 8000;
 
+/// Beside the program; for one that is installed where its user may not write, with the user's settings.
+wxString ConfigPath(const wxString& programFolder) {
+    const bool own = wxFileName::IsDirWritable(programFolder);
+    return (own ? programFolder : UserFolder_cls::GetConfig()) + "/" + ProjectFile_cls::kConfigName;
+}
+
 }  // namespace
 
 Main_cls::Main_cls(const wxString& programFolder)
-    : mConfigPath(programFolder + "/" + ProjectFile_cls::kConfigName),
-      mSeqCtrl(true),
-      mTimeCtrl(MakeTimeHost()) {
+    : mConfigPath(ConfigPath(programFolder)), mSeqCtrl(true), mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
     ZSort_cls::mspCPreferenceLink = &mPreference;
@@ -163,6 +172,7 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
 ScenePass_cls::Links Main_cls::GetSceneLinks() {
     return {.shared = mPanelShared,
             .option = mDrawOption,
+            .shadow = mShadowSettings,
             .lights = mLightSRCCtrl,
             .periodic = mPeriodicBoundary,
             .data = mSeqCtrl};
@@ -216,5 +226,13 @@ bool Main_cls::ReadConfiguration(const std::optional<wxString>& path) {
 }
 
 bool Main_cls::QuitProcess() {
-    return mConfigPath.empty() || SaveProjectFile(mConfigPath, false) == 1;
+    if (mConfigPath.empty()) return true;
+    const wxLogNull silent;  // a folder that cannot be made shows when the file cannot be written
+    wxFileName::Mkdir(wxPathOnly(mConfigPath), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    return SaveProjectFile(mConfigPath, false) == 1;
+}
+
+bool Main_cls::IsPovrayCondistionSatisfiled() const {
+    return mLightSRCCtrl.GetVisibleNumber() > 0 ||
+           UserMessage_cls::AskYesNo(wxGetTranslation("Output .pov file"), wxGetTranslation("No Light"));
 }

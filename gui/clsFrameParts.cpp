@@ -1,10 +1,12 @@
 #include "gui/clsFrameParts.h"
 
-#include <wx/panel.h>
 #include <wx/translation.h>
 
+#include "data/clsPDataSeqCtrl.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameContext.h"
+#include "gui/clsSceneGUI.h"
+#include "gui/clsTimelinePanel.h"
 
 const std::vector<FramePage_cls>& FramePages() {
     const auto attribute = [](int index) -> FramePage_cls {
@@ -30,10 +32,14 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
          OpenColorCurveEditor},
         {Menu::Data, _("&Periodic Boundary Condition..."), _("The box of periodic data"),
          OpenPeriodicBoundary},
+        {Menu::Animation, _("&Scene..."), _("Scene length, work area, and what happens to keys"),
+         [](wxWindow* parent, FrameContext_cls& context) {
+             SceneGUI_cls(parent, context.timeCtrl, context.seqCtrl.GetActive().GetSeqLength()).ShowModal();
+         }},
     };
     return dialogs;
 }
 
-wxWindow* MakeBottomHalf(wxWindow* parent, FrameContext_cls&) {
-    return new wxPanel(parent);
+wxWindow* MakeBottomHalf(wxWindow* parent, FrameContext_cls& context) {
+    return new TimelinePanel_cls(parent, context.timeCtrl, context.timeGroups);
 }
