@@ -42,6 +42,9 @@ class DataLoaderGuiTest : public testing::Test {
         mUser.Press("ctrl+d");
         return WaitFor([this] { return Dialog() && Dialog()->IsActive(); });
     }
+    /// A busy machine may need its time to read and draw.
+    static constexpr int kLongMs = 90000;
+
     template <class Window>
     Window* Find(const wxString& name) {
         return FindWindowBelow<Window>(Dialog(),
@@ -51,9 +54,12 @@ class DataLoaderGuiTest : public testing::Test {
         return OnGui([this] { return Find<wxStaticText>("Misfit")->GetLabelText(); });
     }
     bool IsOpen(int snapshots) {
-        return WaitFor([this, snapshots] {
-            return !Dialog() && Sequence().GetSeqLength() == snapshots && Sequence().GetSnap(0).IsItLoaded();
-        });
+        return WaitFor(
+            [this, snapshots] {
+                return !Dialog() && Sequence().GetSeqLength() == snapshots &&
+                       Sequence().GetSnap(0).IsItLoaded();
+            },
+            kLongMs);
     }
     /// The last opening of data, and what the window made of them after it: it frames them.
     static void UndoOpening() {
@@ -106,7 +112,8 @@ TEST_F(DataLoaderGuiTest, RealFilesOpenWithoutTypingALayoutAndPlay) {
             }
         });
         mUser.Press("space");
-        EXPECT_TRUE(WaitFor([&] { return Sequence().GetTime(c.snapshots - 1) == c.lastTime; })) << c.file;
+        EXPECT_TRUE(WaitFor([&] { return Sequence().GetTime(c.snapshots - 1) == c.lastTime; }, kLongMs))
+            << c.file;
         mUser.Press("space");
     }
     // One step back is the data before, with their settings.
