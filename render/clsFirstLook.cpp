@@ -17,7 +17,7 @@ constexpr double kFew = 20000;
 constexpr double kBall = 0.25;
 /// Points of a crowd: size in pixels at the height of 720, and the mean light where particles are.
 constexpr double kPoint = 2.0;
-constexpr double kLight = 0.30;
+constexpr double kLight = 0.22;
 /// The part of the picture that particles cover when the camera is fitted to them.
 constexpr double kCovered = 0.3;
 
