@@ -7,7 +7,12 @@
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
-    : mLine(line), mProgramFolder(programFolder), mMain(programFolder), mContext(MakeContext()) {}
+    : mLine(line),
+      mProgramFolder(programFolder),
+      mMain(programFolder),
+      mPovExport(
+          mMain, [this](double position) { return mMain.PrepareState(position); }, programFolder),
+      mContext(MakeContext()) {}
 
 WindowSession_cls::~WindowSession_cls() {
     // The toolkit owns its windows; one that is still open ends before the core that it shows.
@@ -46,6 +51,7 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .cleanUpMemory = [&main](int snapshot) { main.CleanUpMemory(snapshot); },
             .waitThreadFinish = [&main] { main.WaitThreadFinish(); },
             .applyPreferences = [&main] { main.ApplyPreferences(); },
+            .isPovrayCondistionSatisfiled = [&main] { return main.IsPovrayCondistionSatisfiled(); },
             .quit = [&main] { return main.QuitProcess(); },
             .programFolder = mProgramFolder};
 }

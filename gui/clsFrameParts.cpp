@@ -5,6 +5,7 @@
 
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameContext.h"
+#include "gui/clsPovRayGUI.h"
 
 const std::vector<FramePage_cls>& FramePages() {
     const auto attribute = [](int index) -> FramePage_cls {
@@ -30,6 +31,7 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
          OpenColorCurveEditor},
         {Menu::Data, _("&Periodic Boundary Condition..."), _("The box of periodic data"),
          OpenPeriodicBoundary},
+        {Menu::Render, _("&POV-Ray..."), _("Ray-traced pictures: options, scenes and renders"), OpenPovRay},
     };
     return dialogs;
 }
