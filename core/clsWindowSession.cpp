@@ -10,8 +10,7 @@ WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString
     : mLine(line),
       mProgramFolder(programFolder),
       mMain(programFolder),
-      mPovExport(
-          mMain, [this](double position) { return mMain.PrepareState(position); }, programFolder),
+      mPovExport(mMain, [this](double position) { return mMain.PrepareState(position); }),
       mContext(MakeContext()) {}
 
 WindowSession_cls::~WindowSession_cls() {
