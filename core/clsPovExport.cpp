@@ -3,8 +3,7 @@
 #include "core/clsMain.h"
 #include "pov/clsPovScene.h"
 
-PovExport_cls::PovExport_cls(Main_cls& main, StateSource source
-    : mMain(main), mSource(std::move(source)) {
+PovExport_cls::PovExport_cls(Main_cls& main, StateSource source) : mMain(main), mSource(std::move(source)) {
     mMain.GetPovRayCtrl().SetSceneWriter(
         [this](int frame, const wxString& name, bool first, const PovRayCtrl_cls::Progress& progress) {
             return WriteScene(frame, name, first, progress);
