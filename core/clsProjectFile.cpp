@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/clsMain.h"
+#include "data/clsSplitPath.h"
 #include "render/clsGLAttribute.h"
 #include "seam/clsInputFile.h"
 #include "seam/clsOutputFile.h"
@@ -149,6 +150,7 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
         mError = path + ": cannot be written: the data's name holds a line feed";
         return 0;
     }
+    mMain.GetSeqCtrl().SetProjectFolder(SplitPath_cls(path).mDirectory);
     // The name goes into this very file, and into the configuration at quit.
     if (!IsConfigFile(path) && path != mMain.GetConfigPath())
         mMain.GetFrameSettings().mLastOpenedFileVHP.SetText(path);
@@ -156,6 +158,10 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
     if (!mError.empty()) return 0;
     if (full) GCUndoList.MarkSaved();
     return 1;
+}
+
+bool ProjectFile_cls::WriteCopy(const wxString& path) const {
+    return OutputFile_cls::WriteWhole(path, ToBytes(Serialize(true)), OutputFile_cls::Sync::Durable).empty();
 }
 
 bool ProjectFile_cls::Offer(LineStream_cls& stream, const wxString& line) {
@@ -177,14 +183,16 @@ bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
         return false;
     }
     const ProjectLoadingLock_cls lock;
+    mMain.GetSeqCtrl().SetProjectFolder(SplitPath_cls(path).mDirectory);
     std::string bytes(std::min(file->GetSize(), kMaxProjectByte), '\0');
     bytes.resize(file->ReadAt(0, bytes.data(), bytes.size()));
     LineStream_cls stream(std::move(bytes));
     mUnknownLines = 0;
+    mKnownLines = 0;
     wxString line;
     for (int i = 0; i < kMaxLines && stream.ReadLine(line); ++i) {
-        if (MayBelongToSomeone(line) && (Offer(stream, line) || IsSessionLine(line))) continue;
-        ++mUnknownLines;
+        const bool known = MayBelongToSomeone(line) && (Offer(stream, line) || IsSessionLine(line));
+        ++(known ? mKnownLines : mUnknownLines);
     }
     mMain.FinishReading();
     GCUndoList.Clear();

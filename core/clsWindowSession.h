@@ -35,7 +35,6 @@ class WindowSession_cls {
     FrameContext_cls MakeContext();
 
     const CommandLine_cls mLine;
-    const wxString mProgramFolder;
     Main_cls mMain;
     PovExport_cls mPovExport;
     FrameContext_cls mContext;
