@@ -190,6 +190,8 @@ int Batch_cls::Pov() {
     if (!HasData() || !IsNumberedByOne()) return kFailed;
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
+    if (!mLine.mIsSizeGiven) mLine.mHeight = mMain.GetPovRayCtrl().GetFormat().GetSize().y;
+    ApplyFirstLook();
     switch (PovJob_cls(mMain, mSource, mLine, *frames).Run()) {
         case PovJob_cls::Result::Interrupted:
             return kInterrupted;
