@@ -161,6 +161,7 @@ PovLook_cls PovParticles_cls::LookOf(const Brush& brush, PovLook_cls::Kind kind,
                                      float radius) const {
     PovLook_cls look;
     look.kind = kind;
+    look.isAdditive = brush.isAdditive;
     if (kind == PovLook_cls::Kind::Sphere) {
         const auto ambient = brush.material[0].At(i);
         const auto diffuse = brush.material[1].At(i);
@@ -174,7 +175,6 @@ PovLook_cls PovParticles_cls::LookOf(const Brush& brush, PovLook_cls::Kind kind,
         return look;
     }
     const float* color = mState.GetColor() + 4 * i;
-    look.isAdditive = brush.isAdditive;
     for (size_t c = 0; c < 3; ++c) look.color[c] = color[c];
     look.color[3] = brush.hasFlatAlpha ? color[3] * mAlphaStep
                                        : brush.attribute->GetDrawnAlpha(color[3], radius, mAlphaStep);
@@ -250,14 +250,18 @@ void PovParticles_cls::WriteTexture(PovText_cls& text, const PovLook_cls& look,
             ambient[c] = look.ambient[c] / diffuse[c];
             specular[c] = look.specular[c] * lighting.specularPerDiffuse[c];
         }
-        const Highlight_cls highlight = FitHighlight(diffuse, specular);
-        text << "texture { pigment { rgbt <" << diffuse[0] << ',' << diffuse[1] << ',' << diffuse[2] << ','
-             << 1.0F - alpha << "> } finish { ambient rgb " << Floats(ambient) << " diffuse 1 specular "
+        Highlight_cls highlight = FitHighlight(diffuse, specular);
+        // Highlights are not dimmed by transparency, and those of the material's colour are as strong as it.
+        if (look.isAdditive) highlight = {(specular[0] + specular[1] + specular[2]) / 3.0, 0.0};
+        const float strength = look.isAdditive ? alpha / kClear : 1.0F;
+        text << "texture { pigment { rgbt <" << diffuse[0] * strength << ',' << diffuse[1] * strength << ','
+             << diffuse[2] * strength << ',' << (look.isAdditive ? 1.0F - kClear : 1.0F - alpha)
+             << "> } finish { ambient rgb " << Floats(ambient) << " diffuse 1 specular "
              << static_cast<float>(highlight.strength) * alpha << " roughness "
              << static_cast<float>(1.0 / kShininess) << " metallic " << static_cast<float>(highlight.metallic)
              << " } }";
         // The far side of a sphere would be seen through the near one, once more than in the view.
-        if (alpha < 1.0F) text << " interior_texture { pigment { rgbt 1 } finish { Glow } }";
+        if (look.IsTransparent()) text << " interior_texture { pigment { rgbt 1 } finish { Glow } }";
         if (lighting.hasPhotons) text << " photons { target reflection on refraction on }";
     } else {
         // A ray passes the surface twice, and both together are to have the wanted alpha.

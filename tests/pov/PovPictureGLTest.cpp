@@ -24,7 +24,7 @@ class PovPictureGLTest : public ::testing::Test {
     void SetUp() override {
         if (!std::filesystem::exists(kPovRay))
             GTEST_SKIP() << kPovRay << " is not installed (Debian's package povray)";
-        ImageFile_cls::InitHandlers();
+        if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) ImageFile_cls::InitHandlers();
     }
     void Draw(const std::vector<SampleParticle_cls>& particles, const std::vector<std::string>& settings) {
         mFolder.Write("s0000.dat", DefaultSnapshot(0, static_cast<int>(particles.size()), particles));
@@ -130,7 +130,9 @@ TEST_F(PovPictureGLTest, ParticlesStandWhereTheViewHasThem) {
                                  0,
                                  0});
         }
-        std::vector<std::string> settings = {"SEQ0TYPE0PointSize=4"};
+        std::vector<std::string> settings = {"SEQ0TYPE0DrawType=0", "SEQ0TYPE0PointSize=4",
+                                             "SEQ0TYPE0BlendType=0", "SEQ0TYPE0AlphaFactro=1",
+                                             "SEQ0TYPE0ColConstantColor=1 1 1 1"};
         settings.insert(settings.end(), c.settings.begin(), c.settings.end());
         Draw(particles, settings);
         const std::vector<Blob> view = Blobs(mView);
@@ -176,12 +178,13 @@ TEST_F(PovPictureGLTest, TwoCloudsHaveTheColoursOfTheView) {
         return settings;
     };
     const Case cases[] = {
-        {"points", both({"PointSize=5"})},
-        {"faint points", both({"PointSize=9", "AlphaFactro=0.2"})},
-        {"adding points", both({"PointSize=9", "AlphaFactro=0.1", "BlendType=1"})},
+        {"points", both({"DrawType=0", "PointSize=5"})},
+        {"faint points", both({"DrawType=0", "PointSize=9", "AlphaFactro=0.2"})},
+        {"adding points", both({"DrawType=0", "PointSize=9", "AlphaFactro=0.1", "BlendType=1"})},
         {"billboards", both({"DrawType=1", "AlphaFactro=0.5"})},
         {"adding billboards", both({"DrawType=1", "AlphaFactro=0.3", "BlendType=1"})},
-        {"spheres", both({"DrawType=2", "DrawQuality=2"})},
+        {"spheres", both({"DrawType=2", "DrawQuality=2", "AlphaFactro=1", "BlendType=0"})},
+        {"adding spheres", both({"DrawType=2", "DrawQuality=3", "AlphaFactro=0.2", "BlendType=1"})},
     };
     std::mt19937 random(3);
     std::normal_distribution<float> shift(0.0F, 0.7F);
