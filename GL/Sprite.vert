@@ -4,6 +4,7 @@
 #ifndef QUADS
 attribute float spriteSize;
 uniform float pixelsPerUnit;  // window pixels of a data length at clip distance 1
+uniform vec2 pointShift;      // 1/256 pixel: plain points, unlike sprites, take the right and upper pixel of two
 #endif
 varying vec3 sprite;  // texture coordinates; 1 where the texture counts
 #ifdef MIXED_BLENDING
@@ -22,6 +23,7 @@ void main() {
 #else
     sprite = vec3(0.0, 0.0, spriteSize > 0.0 ? 1.0 : 0.0);
     gl_PointSize = spriteSize > 0.0 ? 2.0 * spriteSize * pixelsPerUnit / gl_Position.w : -spriteSize;
+    if (spriteSize < 0.0) gl_Position.xy += pointShift * gl_Position.w;
 #endif
     gl_FogFragCoord = abs((gl_ModelViewMatrix * gl_Vertex).z);
 }

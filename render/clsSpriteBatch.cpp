@@ -101,6 +101,8 @@ bool SpriteBatch_cls::UseProgram(bool quads) {
     if (!program) return false;
     glUniform1i(program->GetUniform("picture"), 0);
     glUniform1f(program->GetUniform("pixelsPerUnit"), mView->pixelsPerUnit * mView->scale);
+    glUniform2f(program->GetUniform("pointShift"), 2.0F / 256.0F / static_cast<float>(mView->viewport[2]),
+                2.0F / 256.0F / static_cast<float>(mView->viewport[3]));
     return true;
 }
 

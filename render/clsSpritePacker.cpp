@@ -61,7 +61,7 @@ SpritePacker_cls::Shape SpritePacker_cls::Pack(size_t particle, const SpriteRule
     if (rule.marksAdditive) sprite->colour[3] = -sprite->colour[3];
     if (rule.isPoint) {
         sprite->size = -rule.pixelSize;
-        return Shape::Sprite;
+        return Classify(*sprite);
     }
     if (!(radius > 0.0F)) return Shape::Hidden;
     sprite->size = std::min(radius, kLargestRadius);
@@ -77,6 +77,9 @@ SpritePacker_cls::Shape SpritePacker_cls::Classify(const Sprite_cls& sprite) con
     const float x = m[0] * p[0] + m[4] * p[1] + m[8] * p[2] + m[12];
     const float y = m[1] * p[0] + m[5] * p[1] + m[9] * p[2] + m[13];
     const float z = m[2] * p[0] + m[6] * p[1] + m[10] * p[2] + m[14];
+    const bool isInside = std::abs(x) <= w && std::abs(y) <= w;
+    // OpenGL clips points by their middle.
+    if (sprite.size < 0.0F) return isInside && std::abs(z) <= w ? Shape::Sprite : Shape::Hidden;
     const float pixels = sprite.size * mPixelsPerLength / w;  // half the side
     const float halfWidth = 0.5F * static_cast<float>(mView.viewport[2]);
     const float halfHeight = 0.5F * static_cast<float>(mView.viewport[3]);
@@ -92,7 +95,6 @@ SpritePacker_cls::Shape SpritePacker_cls::Classify(const Sprite_cls& sprite) con
         const bool seen = CoversPixelMiddle(fromLeft, pixels) && CoversPixelMiddle(fromBelow, pixels);
         return seen ? Shape::Quad : Shape::Hidden;
     }
-    const bool isInside = std::abs(x) <= w && std::abs(y) <= w;
     return isInside && 2.0F * pixels <= mView.largestPoint ? Shape::Sprite : Shape::Quad;
 }
 
@@ -101,16 +103,19 @@ void SpritePacker_cls::MakeQuad(const Sprite_cls& sprite, SpriteCorner_cls* corn
     static constexpr std::array<float, 4> kY = {-1.0F, -1.0F, 1.0F, 1.0F};
     const auto& p = sprite.position;
     float half = sprite.size;
+    float shift = 0.0F;
     const bool isPoint = half < 0.0F;
     if (isPoint) {
         const auto& m = mView.clip;
-        const float w = m[3] * p[0] + m[7] * p[1] + m[11] * p[2] + m[15];
-        half = -0.5F * sprite.size * w / mPixelsPerLength;
+        const float pixel = (m[3] * p[0] + m[7] * p[1] + m[11] * p[2] + m[15]) / mPixelsPerLength;
+        half = -0.5F * sprite.size * pixel;
+        shift = pixel / 256.0F;  // as for sprites, see Sprite.vert
     }
     for (size_t k = 0; k < 4; ++k) {
         SpriteCorner_cls& corner = corners[k];
         for (size_t axis = 0; axis < 3; ++axis)
-            corner.position[axis] = p[axis] + half * (kX[k] * mView.right[axis] + kY[k] * mView.up[axis]);
+            corner.position[axis] = p[axis] + (shift + half * kX[k]) * mView.right[axis] +
+                                    (shift + half * kY[k]) * mView.up[axis];
         // Rows of a picture go downwards.
         corner.place = {0.5F + 0.5F * kX[k], 0.5F - 0.5F * kY[k], isPoint ? 0.0F : 1.0F};
         corner.colour = sprite.colour;
