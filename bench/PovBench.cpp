@@ -1,6 +1,8 @@
 // Writing of ray tracer scenes: spheres of two looks and of many, and billboards, each beside a plain
 // buffered write of the same bytes.
 
+#include <wx/init.h>
+
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -60,7 +62,7 @@ void WritesLikeAPlainFile(benchmark::State& state, unsigned int drawType, bool b
     const SnapData_cls snap(cloud.Source(), snaps, 0.0, 1);
     const DrawOption_cls option;
     const PanelSettings_cls panel(0);
-    const SceneView_cls view{.mPanel = panel, .mWidth = 640, .mHeight = 480};
+    const SceneView_cls view{.mPanel = panel, .mCamera = {}, .mWidth = 640, .mHeight = 480};
     const PovSpace_cls space = PovSpace_cls::Of(view.mCamera.mPose);
     const PovCamera_cls camera(view, space);
     const fs::path folder = fs::temp_directory_path();
@@ -112,4 +114,10 @@ BENCHMARK_CAPTURE(WritesLikeAPlainFile, billboards, SnapAttribute_cls::kBillboar
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    // Threads of the toolkit need it.
+    const wxInitializer toolkit;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

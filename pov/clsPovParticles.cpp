@@ -15,6 +15,10 @@ namespace {
 /// Particles between two looks at the progress.
 constexpr size_t kRound = 1 << 16;
 
+constexpr size_t kAhead = 16;
+/// Smaller radii need more digits than seven behind the point.
+constexpr float kCoarseRadius = 1e-3F;
+
 /// What adds to its background lets all but this share of it through. So small that hundreds of layers
 /// leave the background as it is, and large enough for the numbers of the renderer.
 constexpr float kClear = 1e-4F;
@@ -285,11 +289,20 @@ bool PovParticles_cls::WriteSpheres(PovText_cls& text, const Lighting& lighting,
 
     size_t group = 0;
     const bool completed = ForEach(order.size(), 0.3, 0.8, progress, [&](size_t place) {
+        // Particles of one look lie far apart in memory: the next ones are fetched while this one is written.
+        if (place + kAhead < order.size()) __builtin_prefetch(&mItems[order[place + kAhead]]);
         const Item& item = mItems[order[place]];
         group = item.look;
         const bool isUnion = begins[group + 1] - begins[group] > 1;
         if (isUnion && place == begins[group]) text << "union {\n";
-        text << "sphere{" << item.position << ',' << item.radius << (isUnion ? "}\n" : " ");
+        text << "sphere{";
+        text.Fixed(item.position) << ',';
+        if (item.radius >= kCoarseRadius) {
+            text.Fixed(static_cast<double>(item.radius));
+        } else {
+            text << item.radius;
+        }
+        text << (isUnion ? "}\n" : " ");
         if (place + 1 < begins[group + 1]) return;
         WriteTexture(text, mPalette.GetLooks()[group], lighting);
         text << " }\n";
@@ -310,7 +323,8 @@ bool PovParticles_cls::WriteBillboards(PovText_cls& text, const SpriteSource& sp
             for (size_t c = 0; c < 3; ++c)
                 corner[c] = item.position[c] +
                             static_cast<double>(item.radius) * (x * facing.right[c] + y * facing.up[c]);
-            text << ",\n" << Floats(corner);
+            text << ",\n";
+            text.Fixed(Floats(corner));
         }
     });
     if (!completed) return false;
