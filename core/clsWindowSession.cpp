@@ -4,10 +4,16 @@
 
 #include "core/clsProjectFile.h"
 #include "gui/clsFrameMain.h"
+#include "gui/clsIcons.h"
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
-    : mLine(line), mMain(programFolder), mContext(MakeContext()) {}
+    : mLine(line),
+      mMain(programFolder),
+      mPovExport(mMain, [this](double position) { return mMain.PrepareState(position); }),
+      mContext(MakeContext()) {
+    Icons_cls::SetFolder(programFolder + "/ICONS");
+}
 
 WindowSession_cls::~WindowSession_cls() {
     // The toolkit owns its windows; one that is still open ends before the core that it shows.
@@ -54,6 +60,7 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .cleanUpMemory = [&main](int snapshot) { main.CleanUpMemory(snapshot); },
             .waitThreadFinish = [&main] { main.WaitThreadFinish(); },
             .applyPreferences = [&main] { main.ApplyPreferences(); },
+            .isPovrayCondistionSatisfiled = [&main] { return main.IsPovrayCondistionSatisfiled(); },
             .quit = [&main] { return main.QuitProcess(); },
             .keepsUserSettings = !mLine.mConfig || !mLine.mConfig->empty()};
 }
