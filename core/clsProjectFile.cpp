@@ -158,6 +158,10 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
     return 1;
 }
 
+bool ProjectFile_cls::WriteCopy(const wxString& path) const {
+    return OutputFile_cls::WriteWhole(path, ToBytes(Serialize(true)), OutputFile_cls::Sync::Durable).empty();
+}
+
 bool ProjectFile_cls::Offer(LineStream_cls& stream, const wxString& line) {
     bool taken = false;
     for (const Reader& reader : mReaders) taken = reader.read(stream, line) || taken;
@@ -181,10 +185,11 @@ bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
     bytes.resize(file->ReadAt(0, bytes.data(), bytes.size()));
     LineStream_cls stream(std::move(bytes));
     mUnknownLines = 0;
+    mKnownLines = 0;
     wxString line;
     for (int i = 0; i < kMaxLines && stream.ReadLine(line); ++i) {
-        if (MayBelongToSomeone(line) && (Offer(stream, line) || IsSessionLine(line))) continue;
-        ++mUnknownLines;
+        const bool known = MayBelongToSomeone(line) && (Offer(stream, line) || IsSessionLine(line));
+        ++(known ? mKnownLines : mUnknownLines);
     }
     mMain.FinishReading();
     GCUndoList.Clear();

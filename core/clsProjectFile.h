@@ -28,6 +28,8 @@ class ProjectFile_cls {
 
     /// Without `full` only the sections of the configuration file. 1 when the file was written, else 0.
     int SaveProjectFile(const wxString& path, bool full);
+    /// Writes the whole state for safety and remembers nothing of it: it stays unsaved. False on failure.
+    bool WriteCopy(const wxString& path) const;
     /// Why the last save failed, with the file's name.
     const wxString& GetError() const { return mError; }
 
@@ -38,6 +40,7 @@ class ProjectFile_cls {
     /// file.
     bool ReadProjectFile(const wxString& path);
     int GetUnknownLines() const { return mUnknownLines; }
+    int GetKnownLines() const { return mKnownLines; }
 
     /// Takes one KEY=VALUE line by hand. Stricter than a file: the key has to stand at the beginning, and a
     /// number has to be one. Empty, or what is wrong.
@@ -70,4 +73,5 @@ class ProjectFile_cls {
     std::vector<Reader> mSessionReaders;
     wxString mError;
     int mUnknownLines = 0;
+    int mKnownLines = 0;
 };

@@ -7,7 +7,7 @@
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
-    : mLine(line), mProgramFolder(programFolder), mMain(programFolder), mContext(MakeContext()) {}
+    : mLine(line), mMain(programFolder), mContext(MakeContext()) {}
 
 WindowSession_cls::~WindowSession_cls() {
     // The toolkit owns its windows; one that is still open ends before the core that it shows.
@@ -33,21 +33,29 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .panelSettings = {&main.GetPanelSettings(0), &main.GetPanelSettings(1), &main.GetPanelSettings(2),
                               &main.GetPanelSettings(3)},
             .timeGroups = main.GetTimeGroups(),
+            .projectLoading = GbGLLockProjectLoading,
             .openData = [&main](const wxString& path) { main.GetDataLoader().OpenDataFile(path); },
             .closeData = [&main] { main.CloseDataCommand(); },
-            .openProject = [&main](const wxString& path) { return main.GetProjectFile().OpenProject(path); },
+            .openProject =
+                [&main](const wxString& path) {
+                    ProjectFile_cls& project = main.GetProjectFile();
+                    if (!project.OpenProject(path)) return false;
+                    if (project.GetKnownLines() > 0) return true;
+                    UserMessage_cls::Tell("Warning", path + " is no project");
+                    return false;
+                },
             .saveProject =
                 [&main](const wxString& path) {
                     const bool saved = main.SaveProjectFile(path, true) == 1;
                     return saved ? wxString() : main.GetProjectFile().GetError();
                 },
-            .saveRecovery = [](const wxString&) { return false; },
+            .saveRecovery = [&main](const wxString& path) { return main.GetProjectFile().WriteCopy(path); },
             .prepareState = [&main](double position) { return main.PrepareState(position); },
             .cleanUpMemory = [&main](int snapshot) { main.CleanUpMemory(snapshot); },
             .waitThreadFinish = [&main] { main.WaitThreadFinish(); },
             .applyPreferences = [&main] { main.ApplyPreferences(); },
             .quit = [&main] { return main.QuitProcess(); },
-            .programFolder = mProgramFolder};
+            .keepsUserSettings = !mLine.mConfig || !mLine.mConfig->empty()};
 }
 
 bool WindowSession_cls::Open() {
@@ -56,13 +64,14 @@ bool WindowSession_cls::Open() {
     mFrame = new FrameMain_cls(mContext);
     mFrame->Show();
     const bool project = mLine.mFile.Lower().EndsWith(".vhp");
-    if (project) mFrame->OpenProject(mLine.mFile);
+    if (project) mFrame->GetFiles().OpenProject(mLine.mFile);
     for (const wxString& setting : mLine.mSettings) {
         const wxString error = mMain.GetProjectFile().ApplySetting(setting);
         if (error.empty()) continue;
         PrintError("--set " + error);
         return false;
     }
-    if (!project && !mLine.mFile.empty()) mFrame->OpenData(mLine.mFile);
+    mFrame->RefreshAll();
+    if (!project && !mLine.mFile.empty()) mFrame->GetFiles().OpenData(mLine.mFile);
     return true;
 }

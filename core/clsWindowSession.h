@@ -34,7 +34,6 @@ class WindowSession_cls {
     FrameContext_cls MakeContext();
 
     const CommandLine_cls mLine;
-    const wxString mProgramFolder;
     Main_cls mMain;
     FrameContext_cls mContext;
     wxWeakRef<FrameMain_cls> mFrame;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 
 #include "data/clsPDataSequence.h"
@@ -37,6 +38,9 @@ class PDataSeqCtrl_cls {
     /// Starts the reading and interpolating of the frames ahead, in the direction of playback. Call it only
     /// when no reader runs and the current instant is ready.
     void Prefetch(const TimeCtrl_cls& time);
+    /// The same without waiting for anything: starts the next thing that can be started. Called again when
+    /// that is done, it comes to the same.
+    void PrefetchNext(const TimeCtrl_cls& time);
 
     /// As last measured by CleanUpMemory().
     int GetUsedTotalMemoryMB() const { return mUsedMB; }
@@ -51,7 +55,10 @@ class PDataSeqCtrl_cls {
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);
 
   private:
+    bool IsFrameReady(const TimeCtrl_cls& time, int frame);
     void PrepareFrame(const TimeCtrl_cls& time, int frame);
+    /// The frames ahead, the nearest first, until the function says false.
+    static void ForEachAhead(const TimeCtrl_cls& time, const std::function<bool(int frame)>& function);
 
     std::array<std::unique_ptr<PDataSequence_cls>, kSequences> mSequences;
     int mActive = 0;

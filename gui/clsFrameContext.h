@@ -3,6 +3,7 @@
 #include <wx/string.h>
 
 #include <array>
+#include <atomic>
 #include <functional>
 #include <vector>
 
@@ -47,6 +48,9 @@ struct FrameContext_cls {
     /// The trees of the timeline, the camera's first.
     const std::vector<ParamGroup_cls*>& timeGroups;
 
+    /// Set while a project is read: nothing is drawn.
+    const std::atomic<bool>& projectLoading;
+
     std::function<void(const wxString& path)> openData;  ///< as a step of the undo list
     std::function<void()> closeData;                     ///< the same
     std::function<bool(const wxString& path)> openProject;
@@ -62,6 +66,6 @@ struct FrameContext_cls {
     std::function<void()> applyPreferences;
     /// Writes the configuration file.
     std::function<bool()> quit;
-    /// The folder of the program: icons and shaders.
-    wxString programFolder;
+    /// False when the user's files are neither to be read nor written.
+    bool keepsUserSettings;
 };

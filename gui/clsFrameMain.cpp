@@ -1,38 +1,79 @@
 #include "gui/clsFrameMain.h"
 
+#include <wx/display.h>
+#include <wx/dnd.h>
 #include <wx/notebook.h>
-#include <wx/panel.h>
-#include <wx/sizer.h>
 #include <wx/splitter.h>
 
+#include "data/clsPDataSeqCtrl.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameParts.h"
+#include "gui/clsFrameStatus.h"
 #include "gui/clsSettingsView.h"
+#include "gui/clsTimelinePanel.h"
+#include "gui/clsTopHalfPanel.h"
+#include "timeline/clsCommandItem.h"
+#include "timeline/clsTimeCtrl.h"
 #include "timeline/clsUndoManager.h"
 
 namespace {
 
-constexpr const char* kTitle = "Varnholt 3 v 0.80";
+const wxSize kFirstSize(1280, 800);
+constexpr int kTimelineHeight = 230;
+constexpr int kPagesWidth = 340;
+constexpr int kLeastPart = 120;
 
 void TellViews(wxWindow& window, std::uint64_t updateBits) {
     if (auto* view = dynamic_cast<SettingsView_cls*>(&window)) view->ShowSettings(updateBits);
     for (wxWindow* child : window.GetChildren()) TellViews(*child, updateBits);
 }
 
+/// A file dropped on the window opens.
+class DropTarget_cls : public wxFileDropTarget {
+  public:
+    explicit DropTarget_cls(FrameMain_cls& frame) : mFrame(frame) {}
+
+    bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
+        if (files.empty()) return false;
+        // Questions may be asked: not inside the drop, which the other program waits for.
+        mFrame.CallAfter([&frame = mFrame, file = files[0]] { frame.GetFiles().Open(file); });
+        return true;
+    }
+
+  private:
+    FrameMain_cls& mFrame;
+};
+
 }  // namespace
 
 FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
-    : wxFrame(nullptr, wxID_ANY, kTitle),
+    : wxFrame(nullptr, wxID_ANY, "Varnholt 3 v 0.80"),
       mContext(context),
       mSink(*this),
       mMessage(*this),
+      mUser(context.keepsUserSettings),
+      mFiles(*this, context, mUser, [this] { RefreshAll(); }),
+      mInstant(context),
+      mPlayback(context, mInstant, mClock,
+                {.isDrawn = [this] { return mViews->IsDrawn(); }, .redraw = [this] { mViews->Redraw(); }}),
+      mMenu(*this),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
     MakeParts();
     ConnectColorCurves(this, mContext);
+    MakeMenus();
+    PlaceWindow();
+    SetDropTarget(new DropTarget_cls(*this));  // the window owns it
     for (const int event : {EventSink_cls::kRefreshPanels, EventSink_cls::kRedraw,
                             EventSink_cls::kRefreshStatus, EventSink_cls::kRendererReturned}) {
         Bind(wxEVT_MENU, &FrameMain_cls::OnPosted, this, event);
     }
+    Bind(wxEVT_CLOSE_WINDOW, &FrameMain_cls::OnClose, this);
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        mPlayback.Work();
+        event.Skip();
+    });
+    RefreshAll();
+    CallAfter([this] { mFiles.OfferRecovery(); });
 }
 
 FrameMain_cls::~FrameMain_cls() {
@@ -40,38 +81,150 @@ FrameMain_cls::~FrameMain_cls() {
 }
 
 void FrameMain_cls::MakeParts() {
-    mSplitter = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-    auto* top = new wxPanel(mSplitter);
-    auto* row = new wxBoxSizer(wxHORIZONTAL);
-    auto* views = new wxPanel(top);
-    row->Add(views, 1, wxEXPAND);
-    mPages = new wxNotebook(top, wxID_ANY);
+    mHalves = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                   wxSP_LIVE_UPDATE | wxSP_3DSASH, "halves");
+    mTop = new wxSplitterWindow(mHalves, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                wxSP_LIVE_UPDATE | wxSP_3DSASH, "top");
+    mViews = new TopHalfPanel_cls(mTop, mContext, mInstant);
+    mPages = new wxNotebook(mTop, wxID_ANY);
     for (const FramePage_cls& page : FramePages()) mPages->AddPage(page.make(mPages, mContext), page.title);
-    row->Add(mPages, 0, wxEXPAND);
-    top->SetSizer(row);
-    mSplitter->SplitHorizontally(top, MakeBottomHalf(mSplitter, mContext));
-    mSplitter->SetSashGravity(1.0);
-    SetClientSize(FromDIP(wxSize(1280, 760)));
+    for (wxSplitterWindow* splitter : {mHalves, mTop}) {
+        splitter->SetMinimumPaneSize(FromDIP(kLeastPart));
+        // The views take what the window gains.
+        splitter->SetSashGravity(1.0);
+    }
+    if (mPages->GetPageCount() > 0) {
+        mTop->SplitVertically(mViews, mPages, -FromDIP(kPagesWidth));
+    } else {
+        mPages->Hide();
+        mTop->Initialize(mViews);
+    }
+    wxWindow* timeline = MakeBottomHalf(mHalves, mContext);
+    if (auto* panel = dynamic_cast<TimelinePanel_cls*>(timeline)) {
+        panel->SetPlayActions({.start = [this](int increment) { mPlayback.Start(increment); },
+                               .stop = [this] { mPlayback.Stop(); }});
+    }
+    mHalves->SplitHorizontally(mTop, timeline, -FromDIP(kTimelineHeight));
+    mStatus = new FrameStatus_cls(this, mContext);
+    SetStatusBar(mStatus);
 }
 
-void FrameMain_cls::OpenProject(const wxString& path) {
-    mContext.openProject(path);
+void FrameMain_cls::PlaceWindow() {
+    SetMinSize(FromDIP(wxSize(640, 400)));
+    const auto last = mUser.GetWindow();
+    const bool seen = last && wxDisplay::GetFromPoint(last->place.GetPosition()) != wxNOT_FOUND;
+    if (!seen) {
+        const wxRect screen = wxDisplay(this).GetClientArea();
+        SetSize(wxSize(std::min(FromDIP(kFirstSize.x), screen.width),
+                       std::min(FromDIP(kFirstSize.y), screen.height)));
+    } else {
+        SetSize(last->place);
+        if (last->maximized) Maximize();
+    }
+    const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
+    const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
+    // Distances from the far end need the sizes that the window manager grants.
+    CallAfter([this, sash, pages] {
+        mHalves->SetSashPosition(sash);
+        if (mTop->IsSplit()) mTop->SetSashPosition(pages);
+    });
+}
+
+// Commands
+
+void FrameMain_cls::TogglePlay() {
+    if (mContext.timeCtrl.IsPlaying()) {
+        mPlayback.Stop();
+    } else {
+        mPlayback.Start(1);
+    }
+}
+
+void FrameMain_cls::GoToFrame(int frame) {
+    mContext.timeCtrl.SetFrameFromDoubleCommand(mContext.timeCtrl.GetDoubleIndex(frame, 0));
+}
+
+void FrameMain_cls::Undo() {
+    GCUndoList.UndoCurrent();
+}
+
+void FrameMain_cls::Redo() {
+    if (GCUndoList.CanRedo()) GCUndoList.ExecCurrent();
+}
+
+void FrameMain_cls::RemoveCache(bool all) {
+    const int snapshot = all ? PDataSequence_cls::kAll : mContext.timeCtrl.GetRemappedIndex();
+    if (mContext.seqCtrl.GetActive().GetSeqLength() == 0) return;
+    mContext.seqCtrl.ClearData(PDataSeqCtrl_cls::kActive, snapshot, false);
+    mPlayback.Work();
+    mStatus->RefreshFromModel();
+}
+
+// Refreshing
+
+void FrameMain_cls::RefreshAll() {
+    mInstant.Forget();
     ShowSettings(SettingsView_cls::kAll);
-}
-
-void FrameMain_cls::OpenData(const wxString& path) {
-    mContext.openData(path);
-}
-
-void FrameMain_cls::OnPosted(wxCommandEvent& event) {
-    mSink.Taken(event.GetId());
-    if (event.GetId() == EventSink_cls::kRefreshPanels) ShowSettings(SettingsView_cls::kAll);
-}
-
-void FrameMain_cls::OnUpdate(std::uint64_t updateBits) {
-    ShowSettings(updateBits);
+    ShowTitle();
+    mStatus->RefreshFromModel();
+    mViews->Redraw();
+    mPlayback.Work();
 }
 
 void FrameMain_cls::ShowSettings(std::uint64_t updateBits) {
     TellViews(*this, updateBits);
+}
+
+void FrameMain_cls::ShowTitle() {
+    const wxString title = mFiles.GetTitle();
+    if (title != GetTitle()) SetTitle(title);
+}
+
+void FrameMain_cls::OnUpdate(std::uint64_t updateBits) {
+    using Bits = CommandItem_cls;
+    if (updateBits & (Bits::kUpdatePanels | Bits::kUpdateKeys)) mInstant.Invalidate();
+    mFiles.NoteChange();
+    ShowSettings(updateBits);
+    ShowTitle();
+}
+
+void FrameMain_cls::OnPosted(wxCommandEvent& event) {
+    const bool fromWindow = mSink.Taken(event.GetId());
+    switch (event.GetId()) {
+        case EventSink_cls::kRefreshPanels:
+            RefreshAll();
+            break;
+        case EventSink_cls::kRedraw:
+            // A reader or rate stage has ended: the views follow when their instant has become ready.
+            if (fromWindow) mViews->Redraw();
+            mPlayback.Work();
+            mStatus->RefreshFromModel();
+            break;
+        case EventSink_cls::kRefreshStatus:
+            mStatus->RefreshFromModel();
+            break;
+        default:
+            ShowSettings(SettingsView_cls::kAll);
+    }
+}
+
+void FrameMain_cls::OnClose(wxCloseEvent& event) {
+    // A window that waits for a thread closes afterwards.
+    if (mClock.IsWaiting()) {
+        event.Veto();
+        CallAfter([this] { Close(); });
+        return;
+    }
+    if (event.CanVeto() && !mFiles.MayLoseChanges()) {
+        event.Veto();
+        return;
+    }
+    mContext.timeCtrl.ProcStopPlaying();
+    mContext.waitThreadFinish();
+    const wxSize size = mHalves->GetClientSize();
+    mUser.SaveWindow(*this, mHalves->GetSashPosition() - size.y,
+                     mTop->IsSplit() ? mTop->GetSashPosition() - size.x : 0);
+    mFiles.Finish();
+    if (!mContext.quit()) UserMessage_cls::Tell("Warning", "The configuration could not be written.");
+    Destroy();
 }

@@ -5,33 +5,72 @@
 #include <cstdint>
 
 #include "gui/clsFrameContext.h"
+#include "gui/clsFrameFiles.h"
+#include "gui/clsFrameMenu.h"
 #include "gui/clsFrameSink.h"
+#include "gui/clsPlayback.h"
+#include "gui/clsShownInstant.h"
+#include "gui/clsUserSettings.h"
+#include "gui/clsWindowClock.h"
 #include "gui/clsWindowMessage.h"
 
+class FrameStatus_cls;
+class TopHalfPanel_cls;
 class wxNotebook;
 class wxSplitterWindow;
 
 /// The main window: view panels and a notebook of settings above, the timeline below, menus and status bar.
+/// It ties its parts together; each has its own class.
 /// Owned by the toolkit; lives inside the life of what its context names. Threads: GUI thread.
 class FrameMain_cls : public wxFrame {
   public:
     explicit FrameMain_cls(FrameContext_cls& context);
     ~FrameMain_cls() override;
 
-    void OpenProject(const wxString& path);
-    void OpenData(const wxString& path);
+    FrameFiles_cls& GetFiles() { return mFiles; }
+    Playback_cls& GetPlayback() { return mPlayback; }
+    TopHalfPanel_cls& GetViews() { return *mViews; }
+    /// Settings may have been changed past the undo list: everything is shown anew.
+    void RefreshAll();
 
   private:
     void MakeParts();
+    void MakeMenus();
+    std::vector<FrameMenu_cls::Entry> FileEntries();
+    std::vector<FrameMenu_cls::Entry> EditEntries();
+    std::vector<FrameMenu_cls::Entry> ViewEntries();
+    std::vector<FrameMenu_cls::Entry> DataEntries();
+    std::vector<FrameMenu_cls::Entry> AnimationEntries();
+    void PlaceWindow();
+    void TogglePlay();
+    void GoToFrame(int frame);
+    void Undo();
+    void Redo();
+    void ShowMouseAndKeys();
+    void ShowAbout();
+    void RemoveCache(bool all);
+
     void OnPosted(wxCommandEvent& event);
     void OnUpdate(std::uint64_t updateBits);
+    void OnClose(wxCloseEvent& event);
     /// Tells every settings view among the windows.
     void ShowSettings(std::uint64_t updateBits);
+    void ShowTitle();
 
     FrameContext_cls& mContext;
+    WindowClock_cls mClock;
     FrameSink_cls mSink;
     WindowMessage_cls mMessage;
+    UserSettings_cls mUser;
+    FrameFiles_cls mFiles;
+    ShownInstant_cls mInstant;
+    Playback_cls mPlayback;
+    FrameMenu_cls mMenu;
     int mObserver;
-    wxSplitterWindow* mSplitter = nullptr;
+
+    wxSplitterWindow* mHalves = nullptr;
+    wxSplitterWindow* mTop = nullptr;
+    TopHalfPanel_cls* mViews = nullptr;
     wxNotebook* mPages = nullptr;
+    FrameStatus_cls* mStatus = nullptr;
 };

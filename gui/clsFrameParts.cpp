@@ -1,10 +1,10 @@
 #include "gui/clsFrameParts.h"
 
-#include <wx/panel.h>
 #include <wx/translation.h>
 
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameContext.h"
+#include "gui/clsTimelinePanel.h"
 
 const std::vector<FramePage_cls>& FramePages() {
     const auto attribute = [](int index) -> FramePage_cls {
@@ -34,6 +34,6 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
     return dialogs;
 }
 
-wxWindow* MakeBottomHalf(wxWindow* parent, FrameContext_cls&) {
-    return new wxPanel(parent);
+wxWindow* MakeBottomHalf(wxWindow* parent, FrameContext_cls& context) {
+    return new TimelinePanel_cls(parent, context.timeCtrl, context.timeGroups);
 }

@@ -1,5 +1,7 @@
 #include "gui/clsFrameSink.h"
 
+#include <wx/thread.h>
+
 #include <algorithm>
 
 FrameSink_cls::FrameSink_cls(wxEvtHandler& window) : mWindow(window) {
@@ -10,18 +12,25 @@ FrameSink_cls::~FrameSink_cls() {
     GpCEventSink.store(nullptr, std::memory_order_release);
 }
 
-std::atomic<bool>* FrameSink_cls::FindFlag(int identifier) {
+int FrameSink_cls::IndexOf(int identifier) {
     const auto found = std::find(kEvents.begin(), kEvents.end(), identifier);
-    return found == kEvents.end() ? nullptr : &mWaiting[static_cast<size_t>(found - kEvents.begin())];
+    return found == kEvents.end() ? -1 : static_cast<int>(found - kEvents.begin());
 }
 
 void FrameSink_cls::Post(int identifier) {
-    std::atomic<bool>* waiting = FindFlag(identifier);
-    if (waiting && waiting->exchange(true, std::memory_order_acq_rel)) return;
+    if (const int index = IndexOf(identifier); index >= 0) {
+        const auto i = static_cast<size_t>(index);
+        if (wxThread::IsMain()) mFromWindow[i].store(true, std::memory_order_release);
+        if (mWaiting[i].exchange(true, std::memory_order_acq_rel)) return;
+    }
     // The event loop owns queued events.
     wxQueueEvent(&mWindow, new wxCommandEvent(wxEVT_MENU, identifier));
 }
 
-void FrameSink_cls::Taken(int identifier) {
-    if (std::atomic<bool>* waiting = FindFlag(identifier)) waiting->store(false, std::memory_order_release);
+bool FrameSink_cls::Taken(int identifier) {
+    const int index = IndexOf(identifier);
+    if (index < 0) return true;
+    const auto i = static_cast<size_t>(index);
+    mWaiting[i].store(false, std::memory_order_release);
+    return mFromWindow[i].exchange(false, std::memory_order_acq_rel);
 }

@@ -18,14 +18,16 @@ class FrameSink_cls : public EventSink_cls {
     FrameSink_cls& operator=(const FrameSink_cls&) = delete;
 
     void Post(int identifier) override;
-    /// The event is about to be handled: what is posted from now on comes again.
-    void Taken(int identifier);
+    /// The event is about to be handled: what is posted from now on comes again. True when the GUI thread was
+    /// among those who asked; workers only tell that they are done.
+    bool Taken(int identifier);
 
   private:
     static constexpr std::array<int, 4> kEvents = {kRefreshPanels, kRedraw, kRefreshStatus,
                                                    kRendererReturned};
-    std::atomic<bool>* FindFlag(int identifier);
+    static int IndexOf(int identifier);
 
     wxEvtHandler& mWindow;
     std::array<std::atomic<bool>, kEvents.size()> mWaiting{};
+    std::array<std::atomic<bool>, kEvents.size()> mFromWindow{};
 };

@@ -38,6 +38,21 @@ void OffscreenBuffer_cls::Bind() const {
     glBindFramebuffer(GL_FRAMEBUFFER, mFrameBuffer);
 }
 
+void OffscreenBuffer_cls::CopyToWindow(int width, int height) const {
+    glBindFramebuffer(GL_FRAMEBUFFER, 0);
+    glDisable(GL_SCISSOR_TEST);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    if (width != mWidth || height != mHeight) {
+        glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
+        glClear(GL_COLOR_BUFFER_BIT);
+    }
+    const int x = (width - mWidth) / 2;
+    const int y = (height - mHeight) / 2;
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, mFrameBuffer);
+    glBlitFramebuffer(0, 0, mWidth, mHeight, x, y, x + mWidth, y + mHeight, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    glBindFramebuffer(GL_FRAMEBUFFER, 0);
+}
+
 void OffscreenBuffer_cls::Flush() const {
     glFlush();
 }

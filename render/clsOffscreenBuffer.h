@@ -16,6 +16,9 @@ class OffscreenBuffer_cls {
 
     /// Makes it the target of all drawing.
     void Bind() const;
+    /// Copies the picture to the window's own frame buffer of this size: the middle on the middle, and black
+    /// around one that is smaller.
+    void CopyToWindow(int width, int height) const;
     /// Has the driver begin with what was drawn, without waiting for it.
     void Flush() const;
     /// Three bytes a pixel, top row first.

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "interp/clsSnapData.h"
-#include "render/clsFitToData.h"
 #include "render/clsGLPerspective.h"
 #include "render/clsPanelSettings.h"
 #include "scene/clsCameraPath.h"
@@ -23,10 +22,12 @@ constexpr float kDefaultDepthMax = 5000.0F;
 
 }  // namespace
 
-PositionAndDirection_cls FitPanel(const SnapData_cls& state, const PanelSettings_cls& panel) {
-    const DataBounds_cls bounds =
-        DataBounds_cls::Of({state.GetPosition(), 3 * static_cast<size_t>(state.GetCount())},
-                           static_cast<size_t>(state.GetStride()));
+DataBounds_cls BoundsOf(const SnapData_cls& state) {
+    return DataBounds_cls::Of({state.GetPosition(), 3 * static_cast<size_t>(state.GetCount())},
+                              static_cast<size_t>(state.GetStride()));
+}
+
+PositionAndDirection_cls FitPanel(const DataBounds_cls& bounds, const PanelSettings_cls& panel) {
     if (panel.mGeometry.mValue != PanelSettings_cls::kOrthographic)
         return FitCamera(bounds, std::clamp<double>(panel.mPersAngle.mValue, 1.0, kMostPerspective));
     PositionAndDirection_cls camera = FitCamera(bounds, 60.0);

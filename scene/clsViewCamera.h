@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "render/clsFitToData.h"
 #include "render/clsPositionAndDirection.h"
 
 class CameraPath_cls;
@@ -19,8 +20,10 @@ struct ViewCamera_cls {
 /// PanelSettings_cls::mDisplayMode: whose camera a panel shows.
 enum class DisplayMode : unsigned int { kFollowsPath = 0, kFree = 1 };
 
-/// The camera that shows the bulk of these particles in a panel of this geometry and angle.
-PositionAndDirection_cls FitPanel(const SnapData_cls& state, const PanelSettings_cls& panel);
+/// Where the bulk of the particles lies.
+DataBounds_cls BoundsOf(const SnapData_cls& state);
+/// The camera that shows these bounds whole in a panel of this geometry and angle.
+PositionAndDirection_cls FitPanel(const DataBounds_cls& bounds, const PanelSettings_cls& panel);
 
 /// True where the panel does not follow the camera path, or nobody has touched that yet.
 bool IsCameraFree(const CameraPath_cls& path, const PanelSettings_cls& panel);

@@ -4,10 +4,12 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 std::atomic<bool> diagnosticsOn{true};
-}
+std::function<void()> lastWork;
+}  // namespace
 
 void PrintDiagnostic(const char* format, ...) {
     if (!diagnosticsOn.load(std::memory_order_relaxed)) return;
@@ -23,5 +25,14 @@ void SetDiagnosticsOn(bool on) {
 
 void HardStop(const char* words) {
     std::printf("%s\n", words);
+    DoLastWork();
     std::exit(0);
+}
+
+void SetLastWork(std::function<void()> work) {
+    lastWork = std::move(work);
+}
+
+void DoLastWork() {
+    if (const auto work = std::exchange(lastWork, {})) work();
 }

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "seam/clsDiagnostics.h"
 #include "seam/clsTextCoding.h"
 
 std::atomic<UserMessage_cls*> GpCUserMessage{nullptr};
@@ -41,6 +42,7 @@ void PrintError(const wxString& text) {
 }
 
 void MsgBoxExit(const wxString& text, const wxString& title) {
+    DoLastWork();
     UserMessage_cls::Tell(title, text);
     std::exit(1);
 }

@@ -12,7 +12,11 @@ void FramePacer_cls::Restart() {
     mLastShown = Clock_cls::Current().Now();
 }
 
+long long FramePacer_cls::GetRemaining() const {
+    return mInterval - (Clock_cls::Current().Now() - mLastShown);
+}
+
 void FramePacer_cls::WaitForNext() {
-    PollUntil([this] { return Clock_cls::Current().Now() - mLastShown >= mInterval; }, kPollMs);
+    PollUntil([this] { return GetRemaining() <= 0; }, kPollMs);
     Restart();
 }

@@ -13,6 +13,8 @@ class FramePacer_cls {
 
     /// A frame is shown now.
     void Restart();
+    /// Until the next frame is due; 0 or less when it is.
+    long long GetRemaining() const;
     /// Returns when the interval has passed since the last frame was shown, and counts the next as shown.
     void WaitForNext();
 

@@ -1,0 +1,175 @@
+#include "gui/clsFrameFiles.h"
+
+#include <wx/filedlg.h>
+#include <wx/filename.h>
+#include <wx/frame.h>
+#include <wx/msgdlg.h>
+#include <wx/utils.h>
+
+#include "data/clsDataLoader.h"
+#include "data/clsPDataSeqCtrl.h"
+#include "gui/clsFrameSettings.h"
+#include "seam/clsUserMessage.h"
+#include "timeline/clsTimeCtrl.h"
+#include "timeline/clsUndoManager.h"
+
+namespace {
+
+constexpr const char* kProgram = "Varnholt 3 v 0.80";
+constexpr const char* kProjects = "Project file (*.vhp)|*.vhp";
+constexpr const char* kEnding = ".vhp";
+
+bool IsProject(const wxString& path) {
+    return path.Lower().EndsWith(kEnding);
+}
+
+wxString FolderOf(const ConfItemSTR_cls& lastFile) {
+    return wxFileName(lastFile.GetValueText()).GetPath();
+}
+
+}  // namespace
+
+FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSettings_cls& user,
+                               std::function<void()> replaced)
+    : mFrame(frame),
+      mContext(context),
+      mUser(user),
+      mReplaced(std::move(replaced)),
+      mRecovery(user.GetFolder(),
+                {.isModified = [this] { return IsModified(); },
+                 .getState = [this] { return mChanges; },
+                 .save = [&context](const wxString& path) { return context.saveRecovery(path); }}) {}
+
+FrameFiles_cls::~FrameFiles_cls() = default;
+
+bool FrameFiles_cls::IsModified() const {
+    return mRecovered || GCUndoList.IsModified();
+}
+
+wxString FrameFiles_cls::GetTitle() const {
+    wxString title = IsModified() ? "*" : "";
+    title += mProject.empty() ? wxString("untitled") : wxFileName(mProject).GetFullName();
+    const wxString data = mContext.seqCtrl.GetActive().GetFiles().GetPath();
+    if (!data.empty()) title += L" \u2013 " + wxFileName(data).GetFullName();
+    return title + L" \u2013 " + kProgram;
+}
+
+void FrameFiles_cls::Open(const wxString& path) {
+    if (IsProject(path)) {
+        if (MayLoseChanges()) OpenProject(path);
+    } else {
+        OpenData(path);
+    }
+}
+
+void FrameFiles_cls::Adopt(const wxString& project) {
+    mProject = project;
+    mRecovered = false;
+    mRecovery.Clear();
+    mReplaced();
+}
+
+void FrameFiles_cls::OpenProject(const wxString& path) {
+    const wxBusyCursor busy;
+    mContext.timeCtrl.ProcStopPlaying();
+    if (!mContext.openProject(path)) {
+        mUser.RemoveRecent(path);
+        Adopt({});
+        return;
+    }
+    mUser.AddRecent(path);
+    mContext.timeCtrl.SetFrameNative(0);
+    mContext.timeCtrl.SetStepNative(0);
+    Adopt(path);
+}
+
+void FrameFiles_cls::OpenData(const wxString& path) {
+    const wxBusyCursor busy;
+    // Just looking at data is nothing to be saved.
+    const bool blank = mProject.empty() && !IsModified();
+    mContext.timeCtrl.ProcStopPlaying();
+    mContext.openData(path);
+    mContext.timeCtrl.SetFrameNative(0);
+    mContext.timeCtrl.SetStepNative(0);
+    if (blank) GCUndoList.MarkSaved();
+    mReplaced();
+}
+
+void FrameFiles_cls::CloseData() {
+    mContext.timeCtrl.ProcStopPlaying();
+    mContext.closeData();
+    mReplaced();
+}
+
+void FrameFiles_cls::AskForProject() {
+    wxFileDialog dialog(&mFrame, "Select a project file", FolderOf(mContext.frameSettings.mLastOpenedFileVHP),
+                        {}, kProjects, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() == wxID_OK && MayLoseChanges()) OpenProject(dialog.GetPath());
+}
+
+void FrameFiles_cls::AskForData() {
+    wxFileDialog dialog(&mFrame, "Select the first file of a series",
+                        FolderOf(mContext.dataLoader.mLastOpenedFile), {}, "All files|*",
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() == wxID_OK) OpenData(dialog.GetPath());
+}
+
+bool FrameFiles_cls::SaveTo(const wxString& path) {
+    const wxString error = mContext.saveProject(path);
+    if (!error.empty()) {
+        UserMessage_cls::Tell("Error!", error);
+        return false;
+    }
+    mUser.AddRecent(path);
+    mProject = path;
+    mRecovered = false;
+    mRecovery.Clear();
+    mFrame.SetTitle(GetTitle());
+    return true;
+}
+
+bool FrameFiles_cls::Save() {
+    return mProject.empty() ? SaveAs() : SaveTo(mProject);
+}
+
+bool FrameFiles_cls::SaveAs() {
+    wxFileDialog dialog(&mFrame, "Save Project As", FolderOf(mContext.frameSettings.mLastOpenedFileVHP),
+                        mProject.empty() ? wxString("untitled.vhp") : wxFileName(mProject).GetFullName(),
+                        kProjects, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK) return false;
+    const wxString path = dialog.GetPath();
+    return SaveTo(IsProject(path) ? path : path + kEnding);
+}
+
+bool FrameFiles_cls::MayLoseChanges() {
+    if (!IsModified()) return true;
+    const wxString name = mProject.empty() ? wxString("the new project") : wxFileName(mProject).GetFullName();
+    wxMessageDialog dialog(&mFrame, wxString::Format("Save the changes of %s?", name), "Unsaved changes",
+                           wxYES_NO | wxCANCEL | wxICON_QUESTION);
+    dialog.SetExtendedMessage("Otherwise they are lost.");
+    dialog.SetYesNoCancelLabels("&Save", "&Discard", "&Cancel");
+    switch (dialog.ShowModal()) {
+        case wxID_YES:
+            return Save();
+        case wxID_NO:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void FrameFiles_cls::OfferRecovery() {
+    const auto left = mRecovery.FindLeft();
+    if (!left) return;
+    if (UserMessage_cls::AskYesNo("Unsaved work",
+                                  "Varnholt 3 ended without saving the last time.\n"
+                                  "Open what it kept?") &&
+        mContext.openProject(*left)) {
+        mReplaced();
+        mRecovered = true;
+        NoteChange();
+        mRecovery.Save();
+        mFrame.SetTitle(GetTitle());
+    }
+    Recovery_cls::Discard(*left);
+}

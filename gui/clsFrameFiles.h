@@ -1,0 +1,60 @@
+#pragma once
+
+#include <wx/string.h>
+
+#include <functional>
+
+#include "gui/clsFrameContext.h"
+#include "gui/clsRecovery.h"
+#include "gui/clsUserSettings.h"
+
+class wxFrame;
+
+/// The window's document: which project is open, whether it has unsaved changes, and the ways in which
+/// projects and data come and go. Asks before changes are lost. Owned by the main window. Threads: GUI
+/// thread.
+class FrameFiles_cls {
+  public:
+    /// `replaced` is called after other data or another project have been opened or closed.
+    FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSettings_cls& user,
+                   std::function<void()> replaced);
+    ~FrameFiles_cls();
+    FrameFiles_cls(const FrameFiles_cls&) = delete;
+    FrameFiles_cls& operator=(const FrameFiles_cls&) = delete;
+
+    /// A project by its ending, else the first file of a series.
+    void Open(const wxString& path);
+    void OpenProject(const wxString& path);
+    void OpenData(const wxString& path);
+    void AskForProject();
+    void AskForData();
+    void CloseData();
+
+    /// False when it could not be saved, or the user did not choose a name.
+    bool Save();
+    bool SaveAs();
+    /// True when nothing unsaved is left or the user lets it go.
+    bool MayLoseChanges();
+    bool IsModified() const;
+    /// Offers what another run left unsaved.
+    void OfferRecovery();
+    /// A change was made: the recovery has something to do.
+    void NoteChange() { ++mChanges; }
+    /// The window is about to close: nothing is kept for recovery.
+    void Finish() { mRecovery.Clear(); }
+
+    wxString GetTitle() const;
+
+  private:
+    bool SaveTo(const wxString& path);
+    void Adopt(const wxString& project);
+
+    wxFrame& mFrame;
+    FrameContext_cls& mContext;
+    UserSettings_cls& mUser;
+    const std::function<void()> mReplaced;
+    Recovery_cls mRecovery;
+    wxString mProject;  ///< empty: no name yet
+    size_t mChanges = 0;
+    bool mRecovered = false;  ///< what is open came from another run and is not saved anywhere
+};

@@ -1,0 +1,80 @@
+#include "gui/clsFrameStatus.h"
+
+#include <array>
+#include <cmath>
+
+#include "data/clsBodyProgress.h"
+#include "data/clsPDataSeqCtrl.h"
+#include "data/clsThreadFileReader.h"
+#include "gui/clsFrameContext.h"
+#include "render/clsDrawOption.h"
+#include "timeline/clsTimeCtrl.h"
+
+namespace {
+
+enum Field : int { kReading, kInstant, kDrawn, kMemory };
+
+wxString NameOf(const wxString& path) {
+    return path.AfterLast('/');
+}
+
+}  // namespace
+
+FrameStatus_cls::FrameStatus_cls(wxWindow* parent, const FrameContext_cls& context)
+    : wxStatusBar(parent, wxID_ANY, wxSTB_DEFAULT_STYLE, "status"), mContext(context) {
+    constexpr std::array<int, 4> kShares = {-5, -4, -4, -3};
+    SetFieldsCount(static_cast<int>(kShares.size()), kShares.data());
+    RefreshFromModel();
+}
+
+void FrameStatus_cls::Put(int field, const wxString& text) {
+    if (GetStatusText(field) != text) SetStatusText(text, field);
+}
+
+void FrameStatus_cls::RefreshFromModel() {
+    Put(kReading, Reading());
+    Put(kInstant, Instant());
+    Put(kDrawn, Drawn());
+    Put(kMemory, Memory());
+}
+
+wxString FrameStatus_cls::Reading() const {
+    const PDataSequence_cls& data = mContext.seqCtrl.GetActive();
+    if (data.GetSeqLength() == 0) return "no data: open a file, or drop it here";
+    const int reading = GThreadReaderIndex.load(std::memory_order_acquire);
+    if (reading >= 0 && GpCThreadReader.load(std::memory_order_acquire)) {
+        return wxString::Format("reading %s %d %%", NameOf(data.GetFilename(reading)),
+                                GThreadReaderPercentage.load(std::memory_order_relaxed));
+    }
+    const int shown = mContext.timeCtrl.GetRemappedIndex();
+    if (data.GetFilenameStatus(shown) == PDataSnap_cls::FileState::Unreadable)
+        return data.GetFilename(shown) + " cannot be read";
+    return NameOf(data.GetFilename(shown));
+}
+
+wxString FrameStatus_cls::Instant() const {
+    const TimeCtrl_cls& time = mContext.timeCtrl;
+    wxString text = wxString::Format("frame %d of %d", time.GetFrame(), time.GetMaxFrame());
+    const PDataSequence_cls& data = mContext.seqCtrl.GetActive();
+    if (data.GetSeqLength() == 0) return text;
+    const double position = time.GetRemappedIndexDouble();
+    const int index = static_cast<int>(std::floor(position));
+    const double start = data.GetTime(index);
+    if (start != PDataSnap_cls::kNoTime)
+        text += wxString::Format("  |  t = %.6g", start + data.GetDT(index, position - index));
+    return text;
+}
+
+wxString FrameStatus_cls::Drawn() const {
+    const PDataSequence_cls& data = mContext.seqCtrl.GetActive();
+    if (data.GetSeqLength() == 0) return {};
+    const PDataSnap_cls& snap = data.GetSnap(mContext.timeCtrl.GetRemappedIndex());
+    const int all = snap.IsItLoaded() ? snap.GetParticleNumber() : 0;
+    const int step = mContext.drawOption.GetStep();
+    return wxString::Format("%d of %d particles drawn", (all + step - 1) / step, all);
+}
+
+wxString FrameStatus_cls::Memory() const {
+    return wxString::Format("%d of %d MB", mContext.seqCtrl.GetUsedTotalMemoryMB(),
+                            mContext.seqCtrl.GetMemoryLimitMB());
+}

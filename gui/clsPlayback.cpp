@@ -1,0 +1,93 @@
+#include "gui/clsPlayback.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "data/clsPDataSeqCtrl.h"
+#include "data/clsThreadFileReader.h"
+#include "gui/clsShownInstant.h"
+#include "gui/clsWindowClock.h"
+#include "seam/clsEventSink.h"
+#include "timeline/clsCommandStartAnim.h"
+#include "timeline/clsCommandStopAnim.h"
+#include "timeline/clsTimeCtrl.h"
+#include "timeline/clsUndoManager.h"
+
+namespace {
+
+/// How often the status is refreshed while a reader runs, and at the latest looked at what is to be done.
+constexpr int kReadingMs = 100;
+/// A window that nobody sees is not painted; playback goes on without.
+constexpr long long kPaintPatienceMs = 500;
+
+}  // namespace
+
+Playback_cls::Playback_cls(FrameContext_cls& context, ShownInstant_cls& instant, const WindowClock_cls& clock,
+                           Views views)
+    : mContext(context), mInstant(instant), mClock(clock), mViews(std::move(views)), mTimer(this) {
+    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Work(); });
+}
+
+void Playback_cls::Start(int increment) {
+    TimeCtrl_cls& time = mContext.timeCtrl;
+    GCUndoList.PushAndExec(std::make_unique<CommandStartAnim_cls>(time, increment),
+                           std::make_unique<CommandStopAnim_cls>(time, time.GetFrame()));
+    Work();
+}
+
+void Playback_cls::Stop() {
+    TimeCtrl_cls& time = mContext.timeCtrl;
+    if (!time.IsPlaying()) return;
+    GCUndoList.PushAndExec(std::make_unique<CommandStopAnim_cls>(time, time.GetFrame()),
+                           std::make_unique<CommandStartAnim_cls>(time, time.GetPlayIncrement()));
+}
+
+void Playback_cls::Work() {
+    // Idle work never runs inside a wait.
+    if (mWorking || mClock.IsWaiting() || !mInstant.MayPrepare()) return;
+    mWorking = true;
+    WorkOnData();
+    WorkOnTime();
+    mWorking = false;
+}
+
+void Playback_cls::WorkOnData() {
+    PDataSeqCtrl_cls& data = mContext.seqCtrl;
+    if (data.GetActive().GetSeqLength() == 0) return;
+    const TimeCtrl_cls& time = mContext.timeCtrl;
+    const double position = time.GetRemappedIndexDouble();
+    const int index = static_cast<int>(std::floor(position));
+    mContext.cleanUpMemory(index);
+
+    const bool ready = mInstant.IsReady();
+    if (ready && !mWasReady) mViews.redraw();
+    mWasReady = ready;
+    if (GpCThreadReader.load(std::memory_order_acquire)) {
+        EventSink_cls::PostToFrame(EventSink_cls::kRefreshStatus);
+        mTimer.StartOnce(kReadingMs);
+    } else if (ready) {
+        data.PrefetchNext(time);
+    } else {
+        data.PrepareIndex(index, position - index, time.IsInterpolateAlways(), false);
+        // Rates may have been refused because others are under way.
+        mTimer.StartOnce(kReadingMs);
+    }
+}
+
+bool Playback_cls::HasShown() const {
+    return mInstant.IsReady() &&
+           (mViews.isDrawn() || Clock_cls::Current().Now() - mSteppedAt > kPaintPatienceMs);
+}
+
+void Playback_cls::WorkOnTime() {
+    TimeCtrl_cls& time = mContext.timeCtrl;
+    if (!time.IsPlaying()) return;
+    const long long remaining = time.GetPacer().GetRemaining();
+    if (remaining > 0 || !HasShown()) {
+        mTimer.StartOnce(static_cast<int>(std::clamp<long long>(remaining, 1, kReadingMs)));
+        return;
+    }
+    mSteppedAt = Clock_cls::Current().Now();
+    // Due, so this does not wait.
+    if (time.ProcPlaying()) mTimer.StartOnce(std::max(time.GetPacer().GetInterval(), 1));
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <wx/event.h>
+#include <wx/timer.h>
+
+#include <functional>
+
+#include "gui/clsFrameContext.h"
+
+class ShownInstant_cls;
+class WindowClock_cls;
+
+/// What runs by itself while the window is idle: playback at its rate, reading what the shown instant needs
+/// and what comes next, and trimming the memory. Never waits: what is not ready is started, and looked at
+/// again when an event says that it is done or the time has come.
+/// Owned by the main window. Threads: GUI thread.
+class Playback_cls : public wxEvtHandler {
+  public:
+    struct Views {
+        std::function<bool()> isDrawn;  ///< every view that can be seen shows the current instant
+        std::function<void()> redraw;
+    };
+
+    Playback_cls(FrameContext_cls& context, ShownInstant_cls& instant, const WindowClock_cls& clock,
+                 Views views);
+
+    /// Steps of the undo list that do not ask for saving. The increment's sign is the direction.
+    void Start(int increment);
+    void Stop();
+    /// One round; the window calls it when idle and after events that may have changed what is to be done.
+    void Work();
+
+  private:
+    void WorkOnData();
+    void WorkOnTime();
+    bool HasShown() const;
+
+    FrameContext_cls& mContext;
+    ShownInstant_cls& mInstant;
+    const WindowClock_cls& mClock;
+    const Views mViews;
+    wxTimer mTimer;
+    bool mWorking = false;
+    bool mWasReady = true;
+    long long mSteppedAt = 0;
+};

@@ -1,0 +1,90 @@
+#include "gui/clsTopHalfPanel.h"
+
+#include <algorithm>
+
+#include "gui/clsMainGLCanvas.h"
+#include "gui/clsViewLayout.h"
+#include "gui/clsViewPanel.h"
+#include "gui/clsViewToolbar.h"
+#include "render/clsPanelSettings.h"
+#include "render/clsPanelShared.h"
+#include "timeline/clsCommandSetValue.h"
+
+namespace {
+
+constexpr int kGap = 2;
+
+}  // namespace
+
+TopHalfPanel_cls::TopHalfPanel_cls(wxWindow* parent, FrameContext_cls& context, ShownInstant_cls& instant)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "views"),
+      mContext(context),
+      mGL(context) {
+    for (unsigned int i = 0; i < mPanels.size(); ++i) {
+        if (i > 0) {
+            // The first view is the film's; the others look at it from the front, the side and the top.
+            context.panelSettings[i]->mDisplayMode.mValue = static_cast<unsigned int>(DisplayMode::kFree);
+            context.panelSettings[i]->mGeometry.mValue = PanelSettings_cls::kOrthographic;
+        }
+        mPanels[i] = new ViewPanel_cls(this, i, context, instant, mMoved, mGL);
+        mPanels[i]->GetCanvas().Bind(wxEVT_SET_FOCUS, [this, i](wxFocusEvent& event) {
+            Activate(i);
+            event.Skip();
+        });
+    }
+    Bind(wxEVT_SIZE, [this](wxSizeEvent&) { Arrange(); });
+    Arrange();
+}
+
+TopHalfPanel_cls::~TopHalfPanel_cls() {
+    for (ViewPanel_cls* panel : mPanels) panel->GetCanvas().DropPicture();
+}
+
+unsigned int TopHalfPanel_cls::GetLayout() const {
+    return mContext.panelShared.mLayout.mValue;
+}
+
+void TopHalfPanel_cls::SetLayoutCommand(unsigned int layout) {
+    SetValueCommand("View Layout", mContext.panelShared.mLayout.mValue, layout,
+                    CommandItem_cls::kUpdatePanels | CommandItem_cls::kUpdateRedraw);
+}
+
+void TopHalfPanel_cls::Arrange() {
+    mArranged = GetLayout();
+    const std::vector<wxRect> places = ViewLayout::Places(GetLayout(), GetClientSize(), FromDIP(kGap));
+    for (size_t i = 0; i < mPanels.size(); ++i) {
+        const bool shown = i < places.size();
+        if (shown) mPanels[i]->SetSize(places[i]);
+        mPanels[i]->Show(shown);
+    }
+    Activate(mActive < places.size() ? mActive : 0);
+}
+
+void TopHalfPanel_cls::Activate(size_t panel) {
+    mActive = panel;
+    const bool several = ViewLayout::Count(GetLayout()) > 1;
+    for (size_t i = 0; i < mPanels.size(); ++i) mPanels[i]->GetToolbar().ShowActive(several && i == panel);
+}
+
+void TopHalfPanel_cls::Redraw() {
+    for (ViewPanel_cls* panel : mPanels) {
+        if (panel->IsShown()) panel->GetCanvas().Redraw();
+    }
+}
+
+bool TopHalfPanel_cls::IsDrawn() const {
+    return std::all_of(mPanels.begin(), mPanels.end(),
+                       [](ViewPanel_cls* panel) { return panel->GetCanvas().IsDrawn(); });
+}
+
+PanelCamera_cls& TopHalfPanel_cls::GetActiveCamera() {
+    return mPanels[mActive]->GetCamera();
+}
+
+MainGLCanvas_cls& TopHalfPanel_cls::GetCanvas(size_t panel) {
+    return mPanels[panel]->GetCanvas();
+}
+
+void TopHalfPanel_cls::ShowSettings(std::uint64_t) {
+    if (GetLayout() != mArranged) Arrange();
+}

@@ -1,0 +1,102 @@
+#include "gui/clsUserSettings.h"
+
+#include <wx/filename.h>
+#include <wx/log.h>
+#include <wx/menu.h>
+#include <wx/stdpaths.h>
+#include <wx/toplevel.h>
+
+namespace {
+
+constexpr const char* kFolder = "varnholt3";
+constexpr const char* kFile = "window.conf";
+constexpr const char* kRecent = "/Recent";
+
+wxString UserFolder() {
+    wxStandardPaths& paths = wxStandardPaths::Get();
+    paths.SetFileLayout(wxStandardPaths::FileLayout_XDG);
+    return paths.GetUserConfigDir() + "/" + kFolder;
+}
+
+}  // namespace
+
+UserSettings_cls::UserSettings_cls(bool kept) {
+    if (!kept) return;
+    const wxLogNull silent;
+    mFolder = UserFolder();
+    wxFileName::Mkdir(mFolder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    mConfig =
+        std::make_unique<wxFileConfig>(wxEmptyString, wxEmptyString, mFolder + "/" + kFile, wxEmptyString,
+                                       wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_NO_ESCAPE_CHARACTERS);
+    mConfig->SetPath(kRecent);
+    mRecent.Load(*mConfig);
+    mConfig->SetPath("/");
+}
+
+UserSettings_cls::~UserSettings_cls() = default;
+
+void UserSettings_cls::Flush() {
+    if (!mConfig) return;
+    const wxLogNull silent;
+    mConfig->SetPath(kRecent);
+    mRecent.Save(*mConfig);
+    mConfig->SetPath("/");
+    mConfig->Flush();
+}
+
+void UserSettings_cls::AddRecent(const wxString& path) {
+    wxFileName name(path);
+    name.MakeAbsolute();
+    mRecent.AddFileToHistory(name.GetFullPath());
+    Flush();
+}
+
+void UserSettings_cls::RemoveRecent(const wxString& path) {
+    for (size_t i = 0; i < mRecent.GetCount(); ++i) {
+        if (mRecent.GetHistoryFile(i) != path) continue;
+        mRecent.RemoveFileFromHistory(i);
+        break;
+    }
+    Flush();
+}
+
+std::vector<wxString> UserSettings_cls::GetRecent() const {
+    std::vector<wxString> recent;
+    for (size_t i = 0; i < mRecent.GetCount(); ++i) recent.push_back(mRecent.GetHistoryFile(i));
+    return recent;
+}
+
+void UserSettings_cls::ShowRecentIn(wxMenu& menu) {
+    mRecent.UseMenu(&menu);
+    mRecent.AddFilesToMenu(&menu);
+}
+
+void UserSettings_cls::SaveWindow(const wxTopLevelWindow& window, int sash, int pages) {
+    if (!mConfig) return;
+    const bool maximized = window.IsMaximized();
+    mConfig->Write("Window/Maximized", maximized);
+    mConfig->Write("Window/Sash", sash);
+    mConfig->Write("Window/Pages", pages);
+    if (!maximized && !window.IsIconized()) {
+        const wxRect place = window.GetRect();
+        mConfig->Write("Window/X", place.x);
+        mConfig->Write("Window/Y", place.y);
+        mConfig->Write("Window/Width", place.width);
+        mConfig->Write("Window/Height", place.height);
+    }
+    Flush();
+}
+
+std::optional<UserSettings_cls::Window> UserSettings_cls::GetWindow() const {
+    Window window;
+    if (!mConfig || !mConfig->Read("Window/Width", &window.place.width) ||
+        !mConfig->Read("Window/Height", &window.place.height)) {
+        return std::nullopt;
+    }
+    mConfig->Read("Window/X", &window.place.x);
+    mConfig->Read("Window/Y", &window.place.y);
+    mConfig->Read("Window/Maximized", &window.maximized);
+    mConfig->Read("Window/Sash", &window.sash);
+    mConfig->Read("Window/Pages", &window.pages);
+    return window;
+}

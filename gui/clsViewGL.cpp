@@ -1,0 +1,45 @@
+#include "gui/clsViewGL.h"
+
+#include <wx/glcanvas.h>
+
+#include <cstdio>
+
+#include "gui/clsFrameContext.h"
+#include "render/clsOpenGL.h"
+#include "seam/clsUserMessage.h"
+
+ViewGL_cls::ViewGL_cls(FrameContext_cls& context)
+    : mPass({.shared = context.panelShared,
+             .option = context.drawOption,
+             .lights = context.lightSRCCtrl,
+             .periodic = context.periodicBoundary,
+             .data = context.seqCtrl}) {}
+
+ViewGL_cls::~ViewGL_cls() = default;
+
+wxGLAttributes ViewGL_cls::GetAttributes() {
+    wxGLAttributes attributes;
+    attributes.PlatformDefaults().RGBA().DoubleBuffer().Depth(24).Stencil(8).EndList();
+    return attributes;
+}
+
+bool ViewGL_cls::Check() {
+    const char* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
+    int major = 0;
+    int minor = 0;
+    if (!version || std::sscanf(version, "%d.%d", &major, &minor) != 2) return false;
+    if (major * 10 + minor >= 30) return true;
+    const wxString extensions = wxString::FromUTF8(reinterpret_cast<const char*>(glGetString(GL_EXTENSIONS)));
+    return major * 10 + minor >= 21 && extensions.Contains("GL_ARB_framebuffer_object");
+}
+
+bool ViewGL_cls::MakeCurrent(wxGLCanvas& canvas) {
+    if (mFailed) return false;
+    const bool first = !mContext;
+    if (first) mContext = std::make_unique<wxGLContext>(&canvas);
+    if (mContext->IsOK() && mContext->SetCurrent(canvas) && (!first || Check())) return true;
+    mFailed = true;
+    UserMessage_cls::Tell("Warning",
+                          "This display has no OpenGL 2.1 with frame buffers: the views stay empty.");
+    return false;
+}

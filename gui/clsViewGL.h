@@ -1,0 +1,37 @@
+#pragma once
+
+#include <wx/string.h>
+
+#include <memory>
+
+#include "scene/clsScenePass.h"
+
+class wxGLAttributes;
+class wxGLCanvas;
+class wxGLContext;
+struct FrameContext_cls;
+
+/// The one OpenGL context of the window, used on all its canvases, and the scene pass that lives in it.
+/// Owned by the top half. Threads: GUI thread. Failure: without OpenGL 2.1 and frame buffer objects the user
+/// is told once, and the views stay dark; the program goes on.
+class ViewGL_cls {
+  public:
+    explicit ViewGL_cls(FrameContext_cls& context);
+    ~ViewGL_cls();
+    ViewGL_cls(const ViewGL_cls&) = delete;
+    ViewGL_cls& operator=(const ViewGL_cls&) = delete;
+
+    /// The pixel format of all canvases.
+    static wxGLAttributes GetAttributes();
+    /// Makes the context current on a canvas that is on the screen; made at the first call. False when there
+    /// is none.
+    bool MakeCurrent(wxGLCanvas& canvas);
+    ScenePass_cls& GetPass() { return mPass; }
+
+  private:
+    bool Check();
+
+    std::unique_ptr<wxGLContext> mContext;
+    ScenePass_cls mPass;
+    bool mFailed = false;
+};

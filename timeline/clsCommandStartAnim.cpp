@@ -1,0 +1,8 @@
+#include "timeline/clsCommandStartAnim.h"
+
+#include "timeline/clsTimeCtrl.h"
+
+void CommandStartAnim_cls::Execute(bool) {
+    mTimeCtrl.StartPlay(mIncrement);
+    UpdateBit();
+}
