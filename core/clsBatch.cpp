@@ -2,21 +2,25 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
 #include "core/clsFilm.h"
 #include "core/clsInterrupt.h"
+#include "core/clsPovJob.h"
 #include "core/clsProgress.h"
 #include "data/clsLayoutHint.h"
 #include "interp/clsSnapData.h"
 #include "output/clsStateFile.h"
+#include "render/clsFirstLook.h"
 #include "seam/clsDiagnostics.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
 
 Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
-    : mLine(std::move(line)),
+    : mProgramFolder(programFolder),
+      mLine(std::move(line)),
       mMain(programFolder),
       mProject(mMain.GetProjectFile()),
       mSource(mMain, mLine.mVerbose) {
@@ -35,6 +39,8 @@ int Batch_cls::Run() {
             return Render();
         case CommandLine_cls::Action::Export:
             return Export();
+        case CommandLine_cls::Action::Pov:
+            return Pov();
         default:
             return Save();
     }
@@ -57,6 +63,17 @@ int Batch_cls::Prepare() {
     }
     if (!IsProject()) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
     return kDone;
+}
+
+void Batch_cls::ApplyFirstLook() {
+    const SnapData_cls* first = IsProject() ? nullptr : mSource.Prepare(0.0);
+    if (!first) return;
+    for (const wxString& line : SuggestLook(*first, mLine.mHeight)) {
+        const wxString key = line.BeforeFirst('=') + "=";
+        const bool given = std::any_of(mLine.mSettings.begin(), mLine.mSettings.end(),
+                                       [&](const wxString& setting) { return setting.StartsWith(key); });
+        if (!given) mProject.ApplySetting(line);
+    }
 }
 
 bool Batch_cls::HasData() {
@@ -159,10 +176,25 @@ int Batch_cls::Render() {
     if (!HasData() || !IsNumberedByOne()) return kFailed;
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
+    ApplyFirstLook();
     switch (Film_cls(mMain, mSource, mLine, *frames).Run()) {
         case Film_cls::Result::Interrupted:
             return kInterrupted;
         case Film_cls::Result::Failed:
+            return kFailed;
+        default:
+            return Outcome();
+    }
+}
+
+int Batch_cls::Pov() {
+    if (!HasData() || !IsNumberedByOne()) return kFailed;
+    const auto frames = ChooseFrames();
+    if (!frames) return kWrongUsage;
+    switch (PovJob_cls(mMain, mSource, mLine, *frames, mProgramFolder).Run()) {
+        case PovJob_cls::Result::Interrupted:
+            return kInterrupted;
+        case PovJob_cls::Result::Failed:
             return kFailed;
         default:
             return Outcome();
@@ -210,6 +242,7 @@ int Batch_cls::Outcome() const {
 
 int Batch_cls::Save() {
     if (mMain.GetSeqCtrl().GetActive().GetSeqLength() == 0 && !IsProject()) return kFailed;
+    ApplyFirstLook();
     if (mProject.SaveProjectFile(mLine.mProject, true) == 1) return kDone;
     PrintError(mProject.GetError());
     return kFailed;

@@ -23,9 +23,12 @@ class Batch_cls {
     int Render();
     int Export();
     int Save();
+    int Pov();
 
     bool IsProject() const { return mLine.mFile.Lower().EndsWith(".vhp"); }
     bool HasData();
+    /// Gives the settings of data without a project a first look, but for those that were given by hand.
+    void ApplyFirstLook();
     /// False, after a message, for a whole series whose second member is missing.
     bool IsNumberedByOne();
     /// The frames to do, checked against the scene and the pattern's number; null after a message.
@@ -39,6 +42,7 @@ class Batch_cls {
     /// The exit status of a job that went to its end.
     int Outcome() const;
 
+    const wxString mProgramFolder;
     CommandLine_cls mLine;
     Main_cls mMain;
     ProjectFile_cls& mProject;

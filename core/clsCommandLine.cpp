@@ -15,6 +15,8 @@ enum Option : int {
     kExport,
     kAt,
     kSave,
+    kPov,
+    kRun,
     kFrames,
     kSize,
     kMovie,
@@ -33,6 +35,8 @@ const option kOptions[] = {{"info", no_argument, nullptr, kInfo},
                            {"export", required_argument, nullptr, kExport},
                            {"at", required_argument, nullptr, kAt},
                            {"save", required_argument, nullptr, kSave},
+                           {"pov", required_argument, nullptr, kPov},
+                           {"run", no_argument, nullptr, kRun},
                            {"frames", required_argument, nullptr, kFrames},
                            {"size", required_argument, nullptr, kSize},
                            {"movie", required_argument, nullptr, kMovie},
@@ -71,7 +75,8 @@ bool ParseSize(const wxString& text, int* width, int* height) {
 wxString FindConflict(const CommandLine_cls& line) {
     using Action = CommandLine_cls::Action;
     const bool needsFile = line.mAction == Action::Info || line.mAction == Action::Render ||
-                           line.mAction == Action::Export || line.mAction == Action::Save;
+                           line.mAction == Action::Export || line.mAction == Action::Save ||
+                           line.mAction == Action::Pov;
     if (needsFile && line.mFile.empty()) return "no data file or project is named";
     if (line.mAction == Action::Render && !ImageFile_cls::IsKnownFormat(line.mPattern)) {
         return line.mPattern + ": the picture's name must end in .png, .jpg, .tif or .bmp";
@@ -80,6 +85,7 @@ wxString FindConflict(const CommandLine_cls& line) {
         // A mixed-up order of the names must not write over data.
         return line.mProject + ": a project's name must end in .vhp";
     }
+    if (line.mRunRenderer && line.mAction != Action::Pov) return "--run goes with --pov";
     if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
     if ((line.mResume || !line.mMovie.empty()) && line.mAction != Action::Render)
         return "--movie and --resume go with --render";
@@ -133,6 +139,14 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 line.mAt = ParsePosition(value);
                 if (!line.mAt) return fail("--at " + value + ": expected a data position such as 3.25");
                 break;
+            case kPov:
+                setAction(Action::Pov);
+                line.mFolder = value;
+                line.mPattern = "%04d";
+                break;
+            case kRun:
+                line.mRunRenderer = true;
+                break;
             case kSave:
                 setAction(Action::Save);
                 line.mProject = value;
@@ -146,6 +160,7 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                     return fail(wxString::Format("--size %s: expected WIDTHxHEIGHT, each 1 to %d", value,
                                                  kMaxPictureSize));
                 }
+                line.mIsSizeGiven = true;
                 break;
             case kMovie:
                 if (value.empty()) return fail("--movie: the file's name is missing");
@@ -182,7 +197,7 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 return fail(FromBytes(argv[optind - 1]) + ": no such option");
         }
     }
-    if (actions > 1) return fail("more than one of --info, --render, --export and --save");
+    if (actions > 1) return fail("more than one of --info, --render, --export, --save and --pov");
     if (argc - optind > 1) return fail(FromBytes(argv[optind + 1]) + ": only one file can be named");
     if (optind < argc) line.mFile = FromBytes(argv[optind]);
     const wxString conflict = FindConflict(line);
@@ -197,13 +212,14 @@ usage: varnholt3 --info DATA               one line per snapshot: number, time, 
        varnholt3 --render PATTERN FILE     draw the frames into numbered pictures (out%04d.png; .jpg, .tif, .bmp)
        varnholt3 --export PATTERN FILE     write the particles of each frame (text columns; .bin: 40-byte records)
        varnholt3 --save PROJECT FILE       write the whole state, after FILE and --set, as a project
+       varnholt3 --pov DIR FILE [--run]    write POV-Ray scenes and options of the frames, and render them
 
 FILE is a project (.vhp) or the first file of a data series, for example snap0000.dat.
 
   --frames A[:B[:STEP]]      frames to do; default: the work area
   --at POSITION              with --export: one data position (snapshot number with fraction, e.g. 3.25) instead;
                              the pattern is then the file's name as it stands
-  --size WxH                 picture size; default 1280x720
+  --size WxH                 picture size; default 1280x720, with --pov what the project says
   --movie FILE               with --render: also make a film of the frames (needs ffmpeg)
   --resume                   with --render: keep the pictures that are complete
   --set KEY=VALUE            any line of a project file, applied after FILE; may be repeated

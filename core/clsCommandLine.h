@@ -17,18 +17,21 @@ struct FrameRange_cls {
 
 /// What the command line asks for. Plain data; nothing is opened here.
 struct CommandLine_cls {
-    enum class Action { Window, Info, Render, Export, Save, Help, Version };
+    enum class Action { Window, Info, Render, Export, Save, Pov, Help, Version };
 
     Action mAction = Action::Window;
-    wxString mFile;     ///< a project or the first file of a series; empty when none is given
-    wxString mPattern;  ///< of the pictures of --render, or of the files of --export
-    wxString mProject;  ///< of --save
+    wxString mFile;             ///< a project or the first file of a series; empty when none is given
+    wxString mPattern;          ///< of the pictures of --render, or of the files of --export
+    wxString mProject;          ///< of --save
+    wxString mFolder;           ///< of --pov
+    bool mRunRenderer = false;  ///< --pov: render what is written
     std::optional<FrameRange_cls> mFrames;
     std::optional<double> mAt;  ///< --export: this data position instead of frames
     wxString mMovie;            ///< --render: also this film; empty: none
     bool mResume = false;       ///< --render: keep pictures that are complete
     int mWidth = 1280;
     int mHeight = 720;
+    bool mIsSizeGiven = false;
     std::vector<wxString> mSettings;  ///< KEY=VALUE lines in order
     std::optional<wxString> mConfig;  ///< the configuration file; empty string: none
     bool mQuiet = false;

@@ -1,5 +1,7 @@
 #include "core/clsMain.h"
 
+#include <wx/intl.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -163,6 +165,7 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
 ScenePass_cls::Links Main_cls::GetSceneLinks() {
     return {.shared = mPanelShared,
             .option = mDrawOption,
+            .shadow = mShadowSettings,
             .lights = mLightSRCCtrl,
             .periodic = mPeriodicBoundary,
             .data = mSeqCtrl};
@@ -217,4 +220,9 @@ bool Main_cls::ReadConfiguration(const std::optional<wxString>& path) {
 
 bool Main_cls::QuitProcess() {
     return mConfigPath.empty() || SaveProjectFile(mConfigPath, false) == 1;
+}
+
+bool Main_cls::IsPovrayCondistionSatisfiled() const {
+    return mLightSRCCtrl.GetVisibleNumber() > 0 ||
+           UserMessage_cls::AskYesNo(wxGetTranslation("Output .pov file"), wxGetTranslation("No Light"));
 }

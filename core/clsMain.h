@@ -81,6 +81,9 @@ class Main_cls {
     bool ReadConfiguration(const std::optional<wxString>& path);
     /// Where the configuration is read and written; empty for nowhere.
     const wxString& GetConfigPath() const { return mConfigPath; }
+    /// Asked before the ray tracer's files are written: true when a light shines, or the user goes on
+    /// without.
+    bool IsPovrayCondistionSatisfiled() const;
     /// Writes the configuration file; false when that cannot be.
     bool QuitProcess();
 

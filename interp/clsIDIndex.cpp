@@ -4,8 +4,8 @@
 #include <array>
 #include <atomic>
 #include <bit>
+#include <cstring>
 #include <functional>
-#include <utility>
 
 #include "seam/clsJoinedThread.h"
 #include "seam/clsUserMessage.h"
@@ -36,6 +36,52 @@ class HalfThread_cls final : public JoinedThread_cls {
     size_t mEnd;
 };
 
+/// Four numbers that the processor compares at once.
+using Four = int32_t __attribute__((vector_size(16)));
+
+Four Load(const int32_t* numbers) {
+    Four four{};
+    std::memcpy(&four, numbers, sizeof four);
+    return four;
+}
+
+struct Extremes {
+    int32_t smallest = INT32_MAX;
+    int32_t largest = INT32_MIN;
+    void Take(int32_t number) {
+        smallest = std::min(smallest, number);
+        largest = std::max(largest, number);
+    }
+};
+
+Extremes FindExtremes(std::span<const int32_t> ids) {
+    Four low = Four{} + INT32_MAX;
+    Four high = Four{} + INT32_MIN;
+    size_t j = 0;
+    for (; j + 4 <= ids.size(); j += 4) {
+        const Four four = Load(&ids[j]);
+        low = four < low ? four : low;
+        high = four > high ? four : high;
+    }
+    Extremes extremes;
+    for (int k = 0; k < 4 && j > 0; ++k) {
+        extremes.Take(low[k]);
+        extremes.Take(high[k]);
+    }
+    for (; j < ids.size(); ++j) extremes.Take(ids[j]);
+    return extremes;
+}
+
+size_t CountUsed(std::span<const int32_t> table) {
+    Four used{};
+    size_t entry = 0;
+    for (; entry + 4 <= table.size(); entry += 4) used -= Load(&table[entry]) != 0;  // true is -1
+    size_t count = 0;
+    for (int k = 0; k < 4; ++k) count += static_cast<size_t>(used[k]);
+    for (; entry < table.size(); ++entry) count += table[entry] != 0 ? 1 : 0;
+    return count;
+}
+
 /// Does the work on 0 to count - 1, large ones half on a thread of its own.
 void OverRange(size_t count, const RangeWork& work) {
     if (count < kTwoThreads) return work(0, count);
@@ -58,12 +104,12 @@ inline size_t IDIndex_cls::HomeOf(int32_t id) const {
 inline size_t IDIndex_cls::HashedEntryOf(int32_t id) const {
     const auto* table = mTable.As<Hashed>();
     size_t entry = HomeOf(id);
-    while (table[entry].position >= 0 && table[entry].id != id) entry = (entry + 1) & (mSize - 1);
+    while (table[entry].place != 0 && table[entry].id != id) entry = (entry + 1) & (mSize - 1);
     return entry;
 }
 
-inline int IDIndex_cls::PositionIn(size_t entry) const {
-    return mIsDense ? mTable.As<int32_t>()[entry] : mTable.As<Hashed>()[entry].position;
+inline int32_t IDIndex_cls::PlaceIn(size_t entry) const {
+    return mIsDense ? mTable.As<int32_t>()[entry] : mTable.As<Hashed>()[entry].place;
 }
 
 IDIndex_cls::IDIndex_cls(std::span<const int32_t> ids)
@@ -72,62 +118,49 @@ IDIndex_cls::IDIndex_cls(std::span<const int32_t> ids)
     if (mIsDense ? BuildDense(ids) : BuildHashed(ids)) BuildLists(ids);
 }
 
-template <class Entry>
-Entry* IDIndex_cls::MakeTable(size_t size, Entry empty) {
-    mSize = size;
-    mTable = LargeMemory_cls(size * sizeof(Entry));
-    auto* table = mTable.As<Entry>();
-    OverRange(size,
-              [table, empty](size_t begin, size_t end) { std::fill(table + begin, table + end, empty); });
-    return table;
-}
-
 IDIndex_cls::Range IDIndex_cls::FindRange(std::span<const int32_t> ids) {
     if (ids.empty()) return {};
-    std::array<std::pair<int32_t, int32_t>, 2> halves;  // smallest and largest
-    halves.fill({ids[0], ids[0]});
+    std::array<Extremes, 2> halves;
     OverRange(ids.size(), [&halves, ids](size_t begin, size_t end) {
-        int32_t smallest = ids[begin];
-        int32_t largest = ids[begin];
-        for (size_t j = begin; j < end; ++j) {
-            smallest = std::min(smallest, ids[j]);
-            largest = std::max(largest, ids[j]);
-        }
-        halves[begin == 0 ? 0 : 1] = {smallest, largest};
+        halves[begin == 0 ? 0 : 1] = FindExtremes(ids.subspan(begin, end - begin));
     });
-    const int32_t smallest = std::min(halves[0].first, halves[1].first);
-    const int32_t largest = std::max(halves[0].second, halves[1].second);
+    const int32_t smallest = std::min(halves[0].smallest, halves[1].smallest);
+    const int32_t largest = std::max(halves[0].largest, halves[1].largest);
     return {.smallest = smallest, .size = static_cast<size_t>(int64_t{largest} - smallest + 1)};
 }
 
-void IDIndex_cls::Enter(std::span<const int32_t> ids, int32_t first, Range range, int32_t* table) {
+void IDIndex_cls::Enter(std::span<const int32_t> ids, int32_t place, Range range, int32_t* table) {
     for (const int32_t id : ids) {
         // Threads can meet in an entry, and either may win: an ID that repeats is looked up in the lists.
-        const std::atomic_ref<int32_t> position(table[range.EntryOf(id)]);
-        position.store(first++, std::memory_order_relaxed);
+        const std::atomic_ref<int32_t> entry(table[range.EntryOf(id)]);
+        entry.store(place++, std::memory_order_relaxed);
     }
 }
 
 bool IDIndex_cls::BuildDense(std::span<const int32_t> ids) {
-    int32_t* table = MakeTable<int32_t>(mRange.size + 1, -1);
+    mSize = mRange.size + 1;
+    mTable = LargeMemory_cls(mSize * sizeof(int32_t));
+    auto* table = mTable.As<int32_t>();
     OverRange(ids.size(), [table, range = mRange, ids](size_t begin, size_t end) {
-        Enter(ids.subspan(begin, end - begin), static_cast<int32_t>(begin), range, table);
+        Enter(ids.subspan(begin, end - begin), static_cast<int32_t>(begin + 1), range, table);
     });
     std::atomic<size_t> used{0};
     OverRange(mSize, [&used, table](size_t begin, size_t end) {
-        used += end - begin - static_cast<size_t>(std::count(table + begin, table + end, -1));
+        used += CountUsed({table + begin, end - begin});
     });
     return used != ids.size();
 }
 
 bool IDIndex_cls::BuildHashed(std::span<const int32_t> ids) {
-    Hashed* table = MakeTable(std::bit_ceil(ids.size() + ids.size() / 2), Hashed{});
+    mSize = std::bit_ceil(ids.size() + ids.size() / 2);
+    mTable = LargeMemory_cls(mSize * sizeof(Hashed));
+    auto* table = mTable.As<Hashed>();
     bool repeated = false;
     for (size_t j = 0; j < ids.size(); ++j) {
         if (j + kAhead < ids.size()) __builtin_prefetch(&table[HomeOf(ids[j + kAhead])], 1);
         Hashed& entry = table[HashedEntryOf(ids[j])];
-        repeated = repeated || entry.position >= 0;
-        entry = {.id = ids[j], .position = static_cast<int32_t>(j)};
+        repeated = repeated || entry.place != 0;
+        entry = {.id = ids[j], .place = static_cast<int32_t>(j + 1)};
     }
     return repeated;
 }
@@ -143,21 +176,21 @@ void IDIndex_cls::BuildLists(std::span<const int32_t> ids) {
     }
 }
 
-void IDIndex_cls::Find(std::span<const int32_t> ids, int32_t* positions) const {
+void IDIndex_cls::FindPlaces(std::span<const int32_t> ids, int32_t* places) const {
     if (mIsDense) {
         const auto* table = mTable.As<int32_t>();
         const Range range = mRange;
-        for (size_t k = 0; k < ids.size(); ++k) positions[k] = table[range.EntryOf(ids[k])];
+        for (size_t k = 0; k < ids.size(); ++k) places[k] = table[range.EntryOf(ids[k])];
         return;
     }
     for (const int32_t id : ids) __builtin_prefetch(&mTable.As<Hashed>()[HomeOf(id)]);
-    for (size_t k = 0; k < ids.size(); ++k) positions[k] = PositionIn(HashedEntryOf(ids[k]));
+    for (size_t k = 0; k < ids.size(); ++k) places[k] = PlaceIn(HashedEntryOf(ids[k]));
 }
 
 int IDIndex_cls::FindFirst(int32_t id, int begin, int end) const {
     const size_t entry = EntryOf(id);
     if (IsUnique()) {
-        const int position = PositionIn(entry);
+        const int position = PlaceIn(entry) - 1;
         return position >= begin && position < end ? position : -1;
     }
     const auto first = mList.begin() + mListBegin[entry];

@@ -19,15 +19,17 @@ class IDIndex_cls {
 
     /// True when no ID occurs twice.
     bool IsUnique() const { return mListBegin.empty(); }
-    /// For each ID asked for its position. Only for unique IDs.
-    void Find(std::span<const int32_t> ids, int32_t* positions) const;
+    /// For each ID asked for its position + 1, 0 for nowhere. Only for unique IDs.
+    void FindPlaces(std::span<const int32_t> ids, int32_t* places) const;
     /// The ID's smallest position from `begin` (0 or more) to `end` - 1.
     int FindFirst(int32_t id, int begin, int end) const;
 
   private:
+    // A table holds position + 1: memory that comes zeroed from the system is an empty table, and taking the
+    // 1 off right behind every look-up would keep the processor from having as many of them under way.
     struct Hashed {
-        int32_t id = 0;
-        int32_t position = -1;
+        int32_t id;
+        int32_t place;
     };
     /// Numbers in a row and the entry of each.
     struct Range {
@@ -41,21 +43,19 @@ class IDIndex_cls {
         }
     };
 
-    template <class Entry>
-    Entry* MakeTable(size_t size, Entry empty);
     static Range FindRange(std::span<const int32_t> ids);
     /// Both return true when an ID occurs twice.
     bool BuildDense(std::span<const int32_t> ids);
     bool BuildHashed(std::span<const int32_t> ids);
-    /// Enters the positions of some IDs, the first of which stands at `first`.
-    static void Enter(std::span<const int32_t> ids, int32_t first, Range range, int32_t* table);
+    /// Enters the places of some IDs, the first of which has `place`.
+    static void Enter(std::span<const int32_t> ids, int32_t place, Range range, int32_t* table);
     void BuildLists(std::span<const int32_t> ids);
 
     /// The ID's entry in the table, or an empty one.
     size_t EntryOf(int32_t id) const { return mIsDense ? mRange.EntryOf(id) : HashedEntryOf(id); }
     size_t HomeOf(int32_t id) const;
     size_t HashedEntryOf(int32_t id) const;
-    int PositionIn(size_t entry) const;
+    int32_t PlaceIn(size_t entry) const;
 
     Range mRange;
     bool mIsDense;

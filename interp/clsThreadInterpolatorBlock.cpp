@@ -213,11 +213,11 @@ size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* mat
         }
         return found;
     }
-    std::array<int32_t, kLookUpBlock> positions{};
-    mIndex->Find({mArrays.mIDA + begin, static_cast<size_t>(count)}, positions.data());
+    std::array<int32_t, kLookUpBlock> places{};
+    mIndex->FindPlaces({mArrays.mIDA + begin, static_cast<size_t>(count)}, places.data());
     const int tenth = mArrays.mCountB / kFullSearchDivisor;
     for (int k = 0; k < count; ++k) {
-        const int j = positions[static_cast<size_t>(k)];
+        const int j = places[static_cast<size_t>(k)] - 1;
         const int distance = j - (begin + k);
         const bool near = distance >= -kHalfWidths.back() && distance < kHalfWidths.back();
         // To the processor this is a matter of chance: it is computed, not branched on.

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <wx/gdicmn.h>
+#include <wx/string.h>
+
+#include <span>
+
 #include "CONFITEM/clsConfItemList.h"
 
 /// Size, file format and quality of the ray tracer's pictures. Owned by PovRayCtrl_cls.
@@ -23,6 +28,28 @@ class PovFormat_cls {
     PovFormat_cls& operator=(const PovFormat_cls&) = delete;
 
     void SetToDefault();
+
+    /// One file format: how the dialog calls it, its letter and extra line in the option file, and what the
+    /// renderer appends to the picture's name (empty: the renderer takes no such format here).
+    struct FormatRow {
+        const char* label;
+        const char* type;
+        const char* extraLine;
+        const char* extension;
+    };
+    static std::span<const FormatRow> GetFormats();
+    /// The chosen format; the first one for numbers beyond the list.
+    const FormatRow& GetFormat() const;
+
+    /// What an option file says about one picture.
+    struct Picture {
+        wxString scene;  ///< path without extension, as the option file names it
+        bool mayPause;   ///< somebody is there to end the pause
+    };
+    /// The option file up to the name of the picture.
+    wxString GetStrPovFormat(const Picture& picture) const;
+    /// Width and height that a renderer can do.
+    wxSize GetSize() const;
 
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }

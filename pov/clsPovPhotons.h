@@ -11,12 +11,18 @@ class PovPhotons_cls {
 
     void SetToDefault();
 
+    bool IsOn() const { return mType.mValue != 0; }
+    /// Photons have no lines in the option file.
+    wxString GetStrPovIni() const { return {}; }
+    /// The block of the scene's global settings; empty without photons.
+    wxString GetStrScene() const;
+
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
     const ConfItemList_cls& GetItems() const { return mItems; }
 
     ConfItemUINT_cls mType;  ///< 0: none
-    ConfItemINT_cls mCount;
+    ConfItemINT_cls mCount;  ///< in thousands
     ConfItemINT_cls mMaxTrace;
 
   private:

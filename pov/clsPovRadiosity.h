@@ -13,6 +13,15 @@ class PovRadiosity_cls {
 
     void SetToDefault();
 
+    bool IsOn() const { return mType.mValue != 0; }
+    /// Lines of the option file; none without radiosity. Where relative names are wanted, the working
+    /// directory (which ends in "/") in the path of the radiosity file becomes "./"; empty: names stay.
+    wxString GetStrPovIni(const wxString& relativeTo) const;
+    /// The block of the scene's global settings; empty without radiosity.
+    wxString GetStrScene() const;
+    /// True when the path names a file and can stand between double quotes.
+    bool IsRadiosityFormatOK() const;
+
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
     const ConfItemList_cls& GetItems() const { return mItems; }
@@ -30,7 +39,7 @@ class PovRadiosity_cls {
     ConfItemBOOL_cls mZeroAmbient;
     ConfItemBOOL_cls mMedia;
     ConfItemBOOL_cls mNormal;
-    ConfItemUINT_cls mHighReproduce;
+    ConfItemUINT_cls mHighReproduce;  ///< 0: off
 
   private:
     ConfItemList_cls mItems;

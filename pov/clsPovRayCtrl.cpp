@@ -1,5 +1,30 @@
 #include "pov/clsPovRayCtrl.h"
 
+#include <algorithm>
+#include <filesystem>
+
+#include "data/clsFileSequence.h"
+#include "seam/clsOutputFile.h"
+#include "seam/clsShellCommand.h"
+#include "seam/clsTextCoding.h"
+#include "seam/clsUserMessage.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Exists(const wxString& path) {
+    std::error_code error;
+    return !path.empty() && fs::exists(fs::path(ToBytes(path)), error);
+}
+
+/// The renderer reads no other names, on its command line or in its option files.
+bool IsReadable(const wxString& path) {
+    return ShellCommand_cls::IsHarmless(path);
+}
+
+}  // namespace
+
 void PovRayCtrl_cls::SetToDefault() {
     mPathItems.Clear();
     mPathItems.Add(&mPathPovRay, "PathPovRay=", "/usr/bin/povray");
@@ -41,4 +66,149 @@ std::vector<const ConfItemList_cls*> PovRayCtrl_cls::GetLists() const {
             &mPhotons.GetItems(),
             &mFormat.GetItems(),
             &mAdvanced.GetItems()};
+}
+
+wxString PovRayCtrl_cls::GetWorkFolder() const {
+    std::error_code error;
+    const wxString& folder = mPathPovWork.GetValueText();
+    const fs::path path = fs::absolute(folder.empty() ? "." : ToBytes(folder), error).lexically_normal();
+    wxString text = FromBytes(path.string());
+    while (text.length() > 1 && text.EndsWith("/")) text.RemoveLast();
+    return text;
+}
+
+wxString PovRayCtrl_cls::GetFileStr(int frame, Series series) const {
+    const wxString& pattern = (series == Series::Snap ? mFilePovSnap : mFilePovAnim).GetValueText();
+    FileSequence_cls names(pattern);
+    // Every frame has files of its own.
+    const bool hasTag = names.IsNumbered() && names.GetPath() == names.GetFormat();
+    if (!hasTag) names.Set(pattern + "%04d");
+    return GetWorkFolder() + "/" + names.GetModifiedStr(frame);
+}
+
+wxString PovRayCtrl_cls::NameInIni(const wxString& path) const {
+    // The renderer starts in the working directory, so a relative name always holds.
+    if (mFormat.mFileAbsolute.mValue && IsReadable(path)) return path;
+    wxString rest;
+    return path.StartsWith(GetWorkFolder() + "/", &rest) ? rest : path;
+}
+
+void PovRayCtrl_cls::GetStrPovIni(wxString* text, const wxString& name, Series series) const {
+    *text = mFormat.GetStrPovFormat({NameInIni(name), series == Series::Snap});
+    *text += mRadiosity.GetStrPovIni(mFormat.mFileAbsolute.mValue ? wxString() : GetWorkFolder() + "/");
+    *text += mPhotons.GetStrPovIni();
+    *text += "#Initial_Frame=0\n#Final_Frame=10\n#Subset_Start_Frame=0\n#Subset_End_Frame=9\n";
+}
+
+wxString PovRayCtrl_cls::OutputPovRayIni(const wxString& name, Series series) const {
+    wxString text;
+    GetStrPovIni(&text, name, series);
+    return OutputFile_cls::WriteWhole(name + ".ini", ToBytes(text), OutputFile_cls::Sync::No);
+}
+
+wxString PovRayCtrl_cls::GetPovRayCommand(const wxString& name) const {
+    const wxString ini = name + ".ini";
+    wxString rest;
+    if (!IsReadable(ini)) ini.StartsWith(GetWorkFolder() + "/", &rest);
+    return "nice " + ShellCommand_cls::Quote(mPathPovRay.GetValueText()) + " " +
+           ShellCommand_cls::Quote(rest.empty() ? ini : rest);
+}
+
+bool PovRayCtrl_cls::IsRendererThere() const {
+    return Exists(mPathPovRay.GetValueText());
+}
+
+bool PovRayCtrl_cls::IsWorkFolderThere() const {
+    return Exists(mPathPovWork.GetValueText());
+}
+
+bool PovRayCtrl_cls::ConfirmPaths() const {
+    wxString warnings;
+    for (const bool there : {IsRendererThere(), IsWorkFolderThere()}) {
+        if (!there) warnings += "Path discrepancy.\n";
+    }
+    return warnings.empty() ||
+           UserMessage_cls::AskYesNo("Warning", warnings + "Above warnings detected. Continue?");
+}
+
+wxString PovRayCtrl_cls::FindObstacle() const {
+    std::error_code error;
+    const wxString folder = GetWorkFolder();
+    if (!fs::is_directory(fs::path(ToBytes(folder)), error))
+        return folder + ": the working directory of POV-Ray is missing";
+    for (const Series series : {Series::Snap, Series::Anim}) {
+        const wxString name = GetFileStr(0, series).Mid(folder.length() + 1);
+        if (IsReadable(name)) continue;
+        return name + ": POV-Ray reads no such file name; letters, digits, \"_\", \"-\" and \".\" are safe";
+    }
+    return {};
+}
+
+wxString PovRayCtrl_cls::Export(int frame, Series series, bool first) const {
+    const wxString obstacle = FindObstacle();
+    if (!obstacle.empty()) return obstacle;
+    const wxString name = GetFileStr(frame, series);
+    const wxString error = mSceneWriter ? mSceneWriter(frame, name, first, mProgress) : wxString();
+    return error.empty() ? OutputPovRayIni(name, series) : error;
+}
+
+PovRenderPool_cls::Job PovRayCtrl_cls::MakeJob(int frame, Series series) const {
+    const wxString name = GetFileStr(frame, series);
+    return {frame, name, GetPictureStr(name), GetPovRayCommand(name), mPostSceneCommand};
+}
+
+void PovRayCtrl_cls::Tell(const PovRenderPool_cls::Outcome& outcome) const {
+    if (mObserver) mObserver(outcome);
+}
+
+bool PovRayCtrl_cls::RenderByPovSnap(int frame) {
+    if (IsRendering()) return false;
+    mFrames = {frame};
+    mNext = 1;
+    mDone = 0;
+    mSeries = Series::Snap;
+    mPool.SetPlaces(1);
+    mPool.Start(MakeJob(frame, mSeries));
+    Tell({-1, {}, {}});
+    return true;
+}
+
+void PovRayCtrl_cls::StartRenderPovAnim(const std::vector<int>& frames, int renderers) {
+    if (IsRendering()) return;
+    mFrames = frames;
+    mNext = 0;
+    mDone = 0;
+    mSeries = Series::Anim;
+    mPool.SetPlaces(renderers);
+    Tell({-1, {}, {}});
+}
+
+bool PovRayCtrl_cls::ProcessRenderPovAnim() {
+    const bool before = IsRendering();
+    for (const PovRenderPool_cls::Outcome& outcome : mPool.Collect()) {
+        ++mDone;
+        Tell(outcome);
+    }
+    // The observer may have aborted.
+    if (mNext < mFrames.size() && mPool.HasFreePlace()) {
+        const int frame = mFrames[mNext];
+        const wxString error = Export(frame, mSeries, mNext == 0);
+        ++mNext;
+        if (error.empty()) {
+            mPool.Start(MakeJob(frame, mSeries));
+        } else {
+            ++mDone;
+            Tell({frame, {}, error});
+        }
+    }
+    const bool after = IsRendering();
+    if (before && !after) Tell({-1, {}, {}});
+    return after;
+}
+
+void PovRayCtrl_cls::AbortRenderPovAnim() {
+    mFrames.clear();
+    mNext = 0;
+    mPool.AbortAll();
+    Tell({-1, {}, {}});
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <span>
+#include <utility>
 
 #include "render/clsArrayAndIndex.h"
 
@@ -13,11 +15,23 @@ struct MergeRuns_cls {
     static bool IsSecondNext(const ArrayAndIndex_cls& first, const ArrayAndIndex_cls& second) {
         return second.mKey <= first.mKey;
     }
-    /// The part of the runs that ends up in the first mFirst.size() places of the output, and the rest.
-    /// Both mergers thus know their own entries: no wrong order can make one of them take the other's.
-    MergeRuns_cls GetFront() const { return Split(true); }
-    MergeRuns_cls GetBack() const { return Split(false); }
-
-  private:
-    MergeRuns_cls Split(bool isFront) const;
+    size_t GetSize() const { return mFirst.size() + mSecond.size(); }
+    /// What ends up in the first `front` places of the output, and the rest. Each of several mergers thus
+    /// knows its own entries: none can take another's, in whatever order they are.
+    std::pair<MergeRuns_cls, MergeRuns_cls> Split(size_t front) const;
 };
+
+/// Merges both halves of the output at once, each by a cursor of its own: the processor works on one while it
+/// waits for the other. A cursor has IsMerging(), Step() and Finish().
+template <class Cursor>
+void MergeHalves(const MergeRuns_cls& runs) {
+    const auto [front, back] = runs.Split(runs.GetSize() / 2);
+    Cursor a(front);
+    Cursor b(back);
+    while (a.IsMerging() && b.IsMerging()) {
+        a.Step();
+        b.Step();
+    }
+    a.Finish();
+    b.Finish();
+}

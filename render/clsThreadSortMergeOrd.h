@@ -9,12 +9,11 @@
 /// Threads: reads its runs, writes its own output.
 class ThreadSortMergeOrd_cls final : public SortThread_cls {
   public:
-    ThreadSortMergeOrd_cls(const MergeRuns_cls& runs, int step)
-        : mRuns(runs), mStep(static_cast<size_t>(step)) {}
+    ThreadSortMergeOrd_cls(const MergeRuns_cls& runs, int step) : mRuns(runs), mStep(step) {}
 
   private:
     void Work() override;
 
     const MergeRuns_cls mRuns;
-    const size_t mStep;
+    const int mStep;
 };

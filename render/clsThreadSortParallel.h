@@ -6,8 +6,9 @@
 #include "render/clsSortThread.h"
 
 /// Worker that sorts one quarter of the entries ascending by key; equal keys keep their order.
-/// A radix sort in three rounds of eleven bits, which ends in the scratch memory: the mergers read it there.
-/// Threads: writes its own quarter of both arrays.
+/// The keys' range is cut into equal pieces. Entries are first scattered to their pieces, which fit into the
+/// processor's cache, and each piece is then sorted there by the bits in which its keys differ. Where keys
+/// are crowded in one piece this is a plain radix sort. Threads: writes its own quarter of both arrays.
 class ThreadSortParallel_cls final : public SortThread_cls {
   public:
     ThreadSortParallel_cls(ArrayAndIndex_cls* entries, ArrayAndIndex_cls* scratch, size_t count)

@@ -62,13 +62,16 @@ void ZSort_cls::ZSortParallel(EntryArray_cls& entries, size_t count) {
         const MergeRuns_cls lower{run(scratch, 0, 1), run(scratch, 1, 2), array};
         const MergeRuns_cls upper{run(scratch, 2, 3), run(scratch, 3, 4), array + bounds[2]};
         // Exact in any case: blocks of runs that are out of order already would end up anywhere.
-        ThreadSortMergeOrd_cls lowerFront(lower.GetFront(), 1), upperFront(upper.GetFront(), 1);
-        ThreadSortMergeInv_cls lowerBack(lower.GetBack()), upperBack(upper.GetBack());
-        SortThread_cls::RunAll({&lowerFront, &lowerBack, &upperFront, &upperBack});
+        const auto [lowerFront, lowerBack] = lower.Split(lower.mFirst.size());
+        const auto [upperFront, upperBack] = upper.Split(upper.mFirst.size());
+        ThreadSortMergeOrd_cls a(lowerFront, 1), c(upperFront, 1);
+        ThreadSortMergeInv_cls b(lowerBack), d(upperBack);
+        SortThread_cls::RunAll({&a, &b, &c, &d});
     }
     const MergeRuns_cls halves{run(array, 0, 2), run(array, 2, 4), scratch};
-    ThreadSortMergeOrd_cls front(halves.GetFront(), step);
-    ThreadSortMergeInv_cls back(halves.GetBack());
-    SortThread_cls::RunAll({&front, &back});
+    const auto [front, back] = halves.Split(halves.mFirst.size());
+    ThreadSortMergeOrd_cls a(front, step);
+    ThreadSortMergeInv_cls b(back);
+    SortThread_cls::RunAll({&a, &b});
     entries.Swap(mScratch);
 }

@@ -26,6 +26,7 @@ class CameraPath_cls {
     bool IsUntouched() const;
 
     ParamGroup_cls& GetGroup(Group which) { return *mGroups[which]; }
+    const ParamGroup_cls& GetGroup(Group which) const { return *mGroups[which]; }
     /// The pose at a normalised time.
     PositionAndDirection_cls GetPose(double t) const;
     double GetAngle(double t) const;

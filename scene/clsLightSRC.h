@@ -24,6 +24,7 @@ class LightSRC_cls {
     void SetToDefault();
 
     ParamGroup_cls& GetGroup(Group which) { return *mGroups[which]; }
+    const ParamGroup_cls& GetGroup(Group which) const { return *mGroups[which]; }
     std::array<double, 3> GetVector(Group which, double t) const;
     /// The timeline shows the groups that have an effect.
     void UpdateShownTracks();

@@ -1,0 +1,50 @@
+#include "pov/clsPovPalette.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Steps of alpha in one halving.
+constexpr float kAlphaSteps = 35.0F;
+constexpr float kFineAlphaSteps = 2310.0F;
+
+float Clamped(float value) {
+    if (!(value > 0.0F)) return 0.0F;
+    return value < 1.0F ? value : 1.0F;
+}
+
+}  // namespace
+
+std::size_t PovPalette_cls::Hash::operator()(const Key& key) const {
+    uint64_t hash = 0;
+    for (const uint64_t word : key) hash = (hash ^ word) * 0x9e3779b97f4a7c15ULL;
+    return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
+
+PovPalette_cls::Key PovPalette_cls::KeyOf(const PovLook_cls& look) const {
+    const auto code = [this](float value) { return static_cast<uint64_t>(value * mColorSteps + 0.5F); };
+    // Faint particles lie in many layers, so it is the ratio of alphas that must be right.
+    const float alphaSteps = mIsFine ? kFineAlphaSteps : kAlphaSteps;
+    const float alpha = std::max(look.color[3], 1e-7F);
+    const auto alphaCode = static_cast<uint64_t>(0.5F - std::log2(alpha) * alphaSteps);
+    const auto flags = static_cast<uint64_t>(look.kind) | static_cast<uint64_t>(look.attribute) << 2U |
+                       static_cast<uint64_t>(look.isAdditive ? 1 : 0) << 10U;
+    return {code(look.color[0]) << 48U | code(look.color[1]) << 32U | code(look.color[2]) << 16U | alphaCode,
+            code(look.ambient[0]) << 48U | code(look.ambient[1]) << 32U | code(look.ambient[2]) << 16U |
+                code(look.specular[0]),
+            code(look.specular[1]) << 32U | code(look.specular[2]) << 16U | flags};
+}
+
+uint32_t PovPalette_cls::Find(PovLook_cls look) {
+    for (float& value : look.color) value = Clamped(value);
+    for (float& value : look.ambient) value = Clamped(value);
+    for (float& value : look.specular) value = Clamped(value);
+    if (!mLooks.empty() && look == mLast) return mLastNumber;
+    const auto number = static_cast<uint32_t>(mLooks.size());
+    const auto [place, isNew] = mNumbers.try_emplace(KeyOf(look), number);
+    if (isNew) mLooks.push_back(look);
+    mLast = look;
+    mLastNumber = place->second;
+    return mLastNumber;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <wx/string.h>
+
+#include "pov/clsPovParticles.h"
+#include "scene/clsScenePass.h"
+
+class CameraPath_cls;
+class PovRayCtrl_cls;
+
+/// Writes views of the scene as text for the ray tracer, such that it shows what the view shows: the same
+/// camera, background, lights and particles, and colours that are the view's numbers.
+///
+/// Values that have keys are written evaluated, frame by frame; besides, the camera's and the lights' values
+/// are declared under their names for the user's own additions: as expressions of "t0", the normalised time,
+/// bracketed by a language version in which a straight stretch needs no ";", or evaluated where a value moves
+/// in steps, which the expressions leave out.
+/// Threads: GUI thread. Made for one export; what it links outlives it.
+/// Failure: the functions return what went wrong, empty for nothing.
+class PovScene_cls {
+  public:
+    struct Links {
+        ScenePass_cls::Links view;
+        const PovRayCtrl_cls& control;
+        const CameraPath_cls& camera;
+        /// A file that lies beside the program, by its name there.
+        std::function<wxString(const wxString& name)> resource;
+    };
+    static constexpr const char* kCommonName = "CommonScene.pov";
+    /// What an export says when the progress ended it.
+    static constexpr const char* kCancelled = "cancelled";
+
+    explicit PovScene_cls(Links links) : mLinks(std::move(links)) {}
+
+    /// The scene of a view to the name with ".pov", and, with `first`, what all frames share to its file.
+    /// `frame` is for the reader.
+    wxString Write(const SceneView_cls& view, int frame, const wxString& name, bool first,
+                   const PovParticles_cls::Progress& progress = {});
+
+  private:
+    wxString GetCommonText(std::string* text) const;
+    wxString GetExpressions(bool inSteps, double time) const;
+    void WriteLights(PovText_cls& text, double time, const PovSpace_cls& space) const;
+    PovParticles_cls::Lighting GetLighting(double time) const;
+    /// Writes the billboard texture of an attribute into the folder of the scene: the renderer may read
+    /// nothing else.
+    PovParticles_cls::Sprite MakeSprite(int attribute, const wxString& folder) const;
+
+    Links mLinks;
+};
