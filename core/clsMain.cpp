@@ -1,6 +1,8 @@
 #include "core/clsMain.h"
 
+#include <wx/filename.h>
 #include <wx/intl.h>
+#include <wx/log.h>
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +17,7 @@
 #include "render/clsZSort.h"
 #include "seam/clsClock.h"
 #include "seam/clsEventSink.h"
+#include "seam/clsUserFolder.h"
 #include "seam/clsUserMessage.h"
 #include "timeline/clsComParamBase.h"
 #include "timeline/clsUndoManager.h"
@@ -26,12 +29,16 @@ constexpr int kFinishPeriodMs = 10;
 constexpr int kLastFrameOfAll = 9999;
 constexpr int kCutLength = 8000;
 
+/// Beside the program; for one that is installed where its user may not write, with the user's settings.
+wxString ConfigPath(const wxString& programFolder) {
+    const bool own = wxFileName::IsDirWritable(programFolder);
+    return (own ? programFolder : UserFolder_cls::GetConfig()) + "/" + ProjectFile_cls::kConfigName;
+}
+
 }  // namespace
 
 Main_cls::Main_cls(const wxString& programFolder)
-    : mConfigPath(programFolder + "/" + ProjectFile_cls::kConfigName),
-      mSeqCtrl(true),
-      mTimeCtrl(MakeTimeHost()) {
+    : mConfigPath(ConfigPath(programFolder)), mSeqCtrl(true), mTimeCtrl(MakeTimeHost()) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
     ZSort_cls::mspCPreferenceLink = &mPreference;
@@ -219,7 +226,10 @@ bool Main_cls::ReadConfiguration(const std::optional<wxString>& path) {
 }
 
 bool Main_cls::QuitProcess() {
-    return mConfigPath.empty() || SaveProjectFile(mConfigPath, false) == 1;
+    if (mConfigPath.empty()) return true;
+    const wxLogNull silent;  // a folder that cannot be made shows when the file cannot be written
+    wxFileName::Mkdir(wxPathOnly(mConfigPath), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    return SaveProjectFile(mConfigPath, false) == 1;
 }
 
 bool Main_cls::IsPovrayCondistionSatisfiled() const {

@@ -4,13 +4,11 @@
 
 #include <vector>
 
+#include "gui/clsEntryGrid.h"
 #include "gui/clsTimelineKeys.h"
 
 class TimeCtrl_cls;
 class wxChoice;
-class wxFlexGridSizer;
-class wxStaticText;
-class wxTextCtrl;
 
 /// The key dialog: frame, interpolation and values of the keys that the components of a group have at one
 /// time. What is the same in all of them is shown and changed at once; a field left empty changes nothing.
@@ -27,28 +25,20 @@ class KeyFrameGUI_cls : public wxDialog {
     bool Apply();
 
   private:
-    struct Field {
-        wxTextCtrl* text;
-        wxStaticText* fault;
-        wxString before;
-    };
-    Field AddField(const wxString& label, const wxString& tip, const wxString& value);
-    /// The number entered; none where nothing was changed. Marks what is no number.
-    std::optional<double> Read(Field& field, double lowest, double highest);
+    void Accept();
     void EnableFields();
     const KeyFrame_cls& GetKey(const Parameters_cls& parameter) const;
-    /// The number that all keys share, else nothing.
-    wxString GetCommon(double KeyFrame_cls::*member) const;
+    /// The number that all keys share.
+    std::optional<double> GetCommon(double KeyFrame_cls::*member) const;
 
     const TimeCtrl_cls& mTimeCtrl;
     TimelineKeys_cls::Lane mLane;
     const double mTime;
-    bool mGood = true;
 
-    wxFlexGridSizer* mGrid;
-    Field mFrame;
+    EntryGrid_cls mGrid;
+    EntryGrid_cls::Entry* mFrame = nullptr;
     wxChoice* mType = nullptr;
-    Field mEaseFactor;
-    Field mVelocity;
-    std::vector<Field> mValues;
+    EntryGrid_cls::Entry* mEaseFactor = nullptr;
+    EntryGrid_cls::Entry* mVelocity = nullptr;
+    std::vector<EntryGrid_cls::Entry*> mValues;
 };

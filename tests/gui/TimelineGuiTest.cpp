@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
-#include <wx/choice.h>
 #include <wx/frame.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
 
 #include "gui/clsKeyFrameGUI.h"
+#include "gui/clsSceneGUI.h"
 #include "gui/clsTimelineCanvas.h"
 #include "gui/clsTimelinePanel.h"
 #include "support/TimelineScene.h"
@@ -154,6 +154,49 @@ TEST_F(TimelineGuiTest, TypesByTheMenuAndValuesByTheDialog) {
     OnGui([] { GCUndoList.UndoCurrent(); });
     EXPECT_TRUE(HasFrames({0, 20, 60}));
     EXPECT_DOUBLE_EQ(OnGui([&] { return key(2).mValue; }), 5.0) << "one step";
+}
+
+TEST_F(TimelineGuiTest, TheSceneDialogIsOneStepAndRefusesWhatCannotBe) {
+    const struct {
+        const char* length;
+        const char* first;
+        const char* last;
+        int expectedLength;
+        FrameRange expectedArea;
+    } kCases[] = {
+        {"50", "0", "100", 50, {0, 50}},
+        {"200", "0", "100", 200, {0, 200}},
+        {"200", "0", "90", 200, {0, 90}},
+        {"100", "30", "60", 100, {30, 60}},
+        {"40", "30", "35", 40, {30, 35}},
+        // Refused
+        {"-1", "0", "100", 100, {0, 100}},
+        {"9e99", "0", "100", 100, {0, 100}},
+        {"ten", "0", "100", 100, {0, 100}},
+        {"100", "0", "101", 100, {0, 100}},
+        {"100", "70", "60", 100, {0, 100}},
+        {"50.5", "0", "100", 100, {0, 100}},
+    };
+    for (const auto& test : kCases) {
+        OnGui([&] {
+            TimeCtrl_cls& time = mScene->time;
+            SceneGUI_cls dialog(mFrame, time, 0);
+            const auto type = [&](const char* name, const char* entry) {
+                const auto named = [&](wxTextCtrl& text) { return text.GetName() == name; };
+                FindWindowBelow<wxTextCtrl>(&dialog, named)->SetValue(entry);
+            };
+            type("Scene Length", test.length);
+            type("Work Area", test.first);
+            type("to", test.last);
+            const bool changes = test.expectedLength != 100 || test.expectedArea != FrameRange{0, 100};
+            EXPECT_EQ(dialog.Apply(), changes) << test.length;
+            EXPECT_EQ(time.GetMaxFrame(), test.expectedLength) << test.length;
+            EXPECT_EQ(time.GetSettings().GetWorkArea(), test.expectedArea) << test.length;
+            if (changes) GCUndoList.UndoCurrent();
+            EXPECT_FALSE(GCUndoList.CanUndo()) << test.length;
+            EXPECT_EQ(time.GetSettings().GetWorkArea(), (FrameRange{0, 100})) << test.length;
+        });
+    }
 }
 
 }  // namespace
