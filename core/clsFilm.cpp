@@ -68,7 +68,7 @@ void Film_cls::PlaceCamera() {
     // fit together.
     const PanelSettings_cls& panel = mMain.GetPanelSettings(0);
     if (!IsCameraFree(mMain.GetCameraPath(), panel)) return;
-    if (const SnapData_cls* first = mSource.Prepare(0.0)) mFitted = FitPanel(BoundsOf(*first), panel);
+    if (const SnapData_cls* first = mSource.Prepare(0.0)) mFitted = FitPanel(*first, panel);
 }
 
 Film_cls::Result Film_cls::Run() {

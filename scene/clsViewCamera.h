@@ -24,6 +24,9 @@ enum class DisplayMode : unsigned int { kFollowsPath = 0, kFree = 1 };
 DataBounds_cls BoundsOf(const SnapData_cls& state);
 /// The camera that shows these bounds whole in a panel of this geometry and angle.
 PositionAndDirection_cls FitPanel(const DataBounds_cls& bounds, const PanelSettings_cls& panel);
+inline PositionAndDirection_cls FitPanel(const SnapData_cls& state, const PanelSettings_cls& panel) {
+    return FitPanel(BoundsOf(state), panel);
+}
 
 /// True where the panel does not follow the camera path, or nobody has touched that yet.
 bool IsCameraFree(const CameraPath_cls& path, const PanelSettings_cls& panel);
