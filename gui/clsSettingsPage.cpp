@@ -32,6 +32,10 @@ SettingsPage_cls::SettingsPage_cls(wxWindow* parent)
     SetSizer(new wxBoxSizer(wxHORIZONTAL));
     BeginColumn();
     SetScrollRate(0, FromDIP(kScrollStep));
+    Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+        event.Skip();
+        if (event.GetWindow() != this) ScrollTo(*event.GetWindow());
+    });
 }
 
 wxFlexGridSizer& SettingsPage_cls::Grid() {
@@ -161,6 +165,15 @@ void SettingsPage_cls::AddColor(const wxString& label, const wxString& tooltip,
     });
     AddControl(picker, false);
     AddRefresher([picker, setting] { picker->SetColour(ToColour(setting.get())); });
+}
+
+void SettingsPage_cls::ScrollTo(const wxWindow& control) {
+    const int top = ScreenToClient(control.GetScreenPosition()).y;
+    const int below = top + control.GetSize().y + FromDIP(kGap) - GetClientSize().y;
+    const int way = top < 0 ? top - FromDIP(kGap) : std::max(below, 0);
+    const int step = FromDIP(kScrollStep);
+    if (way != 0)
+        Scroll(wxDefaultCoord, GetViewStart().y + (way > 0 ? (way + step - 1) / step : way / step - 1));
 }
 
 void SettingsPage_cls::ScrollByWheel(wxWindow& control) {

@@ -74,6 +74,8 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
   private:
     void AddLabel(const wxString& label);
     void AddControl(wxWindow* control, bool stretch);
+    /// What the Tab key reaches comes into view.
+    void ScrollTo(const wxWindow& control);
     /// The wheel scrolls the page and changes no control that happens to pass under the mouse.
     void ScrollByWheel(wxWindow& control);
     static void EnterText(wxTextCtrl& text, const Setting_cls<wxString>& setting);
