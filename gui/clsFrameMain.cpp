@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "data/clsPDataSeqCtrl.h"
+#include "data/clsPreference.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsFrameStatus.h"
@@ -79,6 +80,8 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
                 {.isDrawn = [this] { return mViews->IsDrawn(); }, .redraw = [this] { mViews->Redraw(); }}),
       mMenu(*this),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
+    mUser.ReadDefaults(mContext.preference.GetItems());
+    mContext.applyPreferences();
     MakeParts();
     ConnectColorCurves(this, mContext);
     MakeMenus();
@@ -240,6 +243,7 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
     mContext.timeCtrl.ProcStopPlaying();
     mContext.waitThreadFinish();
     const wxSize size = mHalves->GetClientSize();
+    mUser.SaveDefaults(mContext.preference.GetItems());
     mUser.SaveWindow(*this, mHalves->GetSashPosition() - size.y,
                      mTop->IsSplit() ? mTop->GetSashPosition() - size.x : 0);
     mFiles.Finish();

@@ -307,4 +307,31 @@ TEST(EditorsGuiTest, ASliderDragIsOneStep) {
     EXPECT_FALSE(OnGui([] { return GCUndoList.CanUndo(); }));
 }
 
+TEST(EditorsGuiTest, PreferencesAreTheDefaultsOfTheNextStart) {
+    TempFolder_cls folder;
+    const std::vector<std::string> arguments = {"--config", folder.Write("Varnholt3Configure.txt", "\n")};
+    User_cls user;
+    {
+        OpenWindow_cls window(arguments);
+        OnGui([&] {
+            OpenPreferences(window.Frame(), window.Context());
+            FindWindowBelow<wxTextCtrl>(window.Frame(), [](wxTextCtrl& text) {
+                return text.GetName() == "Critical";
+            })->SetFocus();
+        });
+        user.Press("ctrl+a");
+        user.Type("777");
+        user.Press("Return");
+        EXPECT_TRUE(WaitFor([&] { return window.Main().GetMemoryLimitMB() == 777; }));
+        OnGui([&] {
+            GCUndoList.MarkSaved();
+            window.Frame()->Close();
+        });
+        EXPECT_TRUE(WaitFor([&] { return !window.Frame(); }));
+    }
+    OpenWindow_cls window(arguments);
+    EXPECT_EQ(OnGui([&] { return window.Main().GetMemoryLimitMB(); }), 777);
+    OnGui([&] { window.Context().preference.SetToDefault(); });
+}
+
 }  // namespace
