@@ -257,7 +257,7 @@ TEST(EditorsGuiTest, ControlsOfAnAttributeChangeSettingAndPicture) {
             EventSink_cls::PostToFrame(EventSink_cls::kRefreshPanels);
             EventSink_cls::PostToFrame(EventSink_cls::kRedraw);
         });
-        OnGui([] {});  // behind the events posted above
+        wxMilliSleep(200);  // the events posted above are taken meanwhile
         const ScreenPicture_cls before = desk.LookAtView();
         if (one.entry) {
             desk.Enter(one.control, one.entry);
