@@ -5,7 +5,11 @@
 #include <wx/notebook.h>
 #include <wx/splitter.h>
 
+#include <algorithm>
+#include <memory>
+
 #include "data/clsPDataSeqCtrl.h"
+#include "data/clsPreference.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsFrameStatus.h"
@@ -44,6 +48,24 @@ class DropTarget_cls : public wxFileDropTarget {
     FrameMain_cls& mFrame;
 };
 
+/// Keeps the part behind the sash as large as it is wanted, also after the window was too small for it:
+/// windows pass through tiny sizes before the window manager grants theirs. `position` is below 0, counted
+/// from the far end.
+void KeepFarPart(wxSplitterWindow& splitter, int position) {
+    const auto wanted = std::make_shared<int>(position);
+    splitter.SetSashPosition(position);
+    splitter.Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [wanted, &splitter](wxSplitterEvent& event) {
+        const wxSize size = splitter.GetClientSize();
+        const bool upright = splitter.GetSplitMode() == wxSPLIT_VERTICAL;
+        *wanted = std::min(event.GetSashPosition() - (upright ? size.x : size.y), -1);
+        event.Skip();
+    });
+    splitter.Bind(wxEVT_SIZE, [wanted, &splitter](wxSizeEvent& event) {
+        event.Skip();
+        splitter.CallAfter([wanted, &splitter] { splitter.SetSashPosition(*wanted); });
+    });
+}
+
 }  // namespace
 
 FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
@@ -58,6 +80,8 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
                 {.isDrawn = [this] { return mViews->IsDrawn(); }, .redraw = [this] { mViews->Redraw(); }}),
       mMenu(*this),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
+    mUser.ReadDefaults(mContext.preference.GetItems());
+    mContext.applyPreferences();
     MakeParts();
     ConnectColorCurves(this, mContext);
     MakeMenus();
@@ -123,11 +147,8 @@ void FrameMain_cls::PlaceWindow() {
     }
     const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
     const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
-    // Distances from the far end need the sizes that the window manager grants.
-    CallAfter([this, sash, pages] {
-        mHalves->SetSashPosition(sash);
-        if (mTop->IsSplit()) mTop->SetSashPosition(pages);
-    });
+    KeepFarPart(*mHalves, sash);
+    if (mTop->IsSplit()) KeepFarPart(*mTop, pages);
 }
 
 // Commands
@@ -222,6 +243,7 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
     mContext.timeCtrl.ProcStopPlaying();
     mContext.waitThreadFinish();
     const wxSize size = mHalves->GetClientSize();
+    mUser.SaveDefaults(mContext.preference.GetItems());
     mUser.SaveWindow(*this, mHalves->GetSashPosition() - size.y,
                      mTop->IsSplit() ? mTop->GetSashPosition() - size.x : 0);
     mFiles.Finish();

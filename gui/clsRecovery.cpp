@@ -66,6 +66,13 @@ void Recovery_cls::Save() {
     if (mHost.save(mPath)) mSavedState = state;
 }
 
+void Recovery_cls::Notify() {
+    const int interval = mHost.getInterval();
+    if (interval <= 0 || ++mMinutes < interval) return;
+    mMinutes = 0;
+    Save();
+}
+
 void Recovery_cls::Clear() {
     if (!mSavedState) return;
     mSavedState.reset();

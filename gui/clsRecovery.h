@@ -6,7 +6,7 @@
 #include <functional>
 #include <optional>
 
-/// Keeps unsaved work beside the user's settings: each minute in which something has changed, and before the
+/// Keeps unsaved work beside the user's settings: at an interval when something has changed, and before the
 /// program is ended by force. What another run left is offered once at the next start.
 /// A run's file bears its process number, so that two windows do not take each other's work.
 /// Owned by the main window. Threads: GUI thread; from another one nothing is written.
@@ -17,6 +17,8 @@ class Recovery_cls : public wxTimer {
         /// Something to tell two states apart by.
         std::function<size_t()> getState;
         std::function<bool(const wxString& path)> save;
+        /// Minutes from one writing to the next; 0: only before the program is ended by force.
+        std::function<int()> getInterval;
     };
     static constexpr int kPeriodMs = 60000;
 
@@ -32,11 +34,12 @@ class Recovery_cls : public wxTimer {
     /// There is nothing unsaved any more.
     void Clear();
 
-    void Notify() override { Save(); }
+    void Notify() override;
 
   private:
     const wxString mFolder;
     const wxString mPath;
     const Host mHost;
     std::optional<size_t> mSavedState;
+    int mMinutes = 0;  ///< since the last writing
 };
