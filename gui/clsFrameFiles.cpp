@@ -8,6 +8,7 @@
 
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
+#include "data/clsPreference.h"
 #include "gui/clsFrameSettings.h"
 #include "seam/clsUserMessage.h"
 #include "timeline/clsTimeCtrl.h"
@@ -38,7 +39,8 @@ FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSe
       mRecovery(user.GetFolder(),
                 {.isModified = [this] { return IsModified(); },
                  .getState = [this] { return mChanges; },
-                 .save = [&context](const wxString& path) { return context.saveRecovery(path); }}) {}
+                 .save = [&context](const wxString& path) { return context.saveRecovery(path); },
+                 .getMinutes = [&context] { return context.preference.GetAutosaveInterval(); }}) {}
 
 FrameFiles_cls::~FrameFiles_cls() = default;
 

@@ -3,12 +3,15 @@
 #include <wx/display.h>
 #include <wx/dnd.h>
 #include <wx/notebook.h>
+#include <wx/sizer.h>
 #include <wx/splitter.h>
 
 #include "data/clsPDataSeqCtrl.h"
 #include "gui/clsEditorParts.h"
+#include "gui/clsFaultBar.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsFrameStatus.h"
+#include "gui/clsMainGLCanvas.h"
 #include "gui/clsSettingsView.h"
 #include "gui/clsTimelinePanel.h"
 #include "gui/clsTopHalfPanel.h"
@@ -55,7 +58,9 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
       mFiles(*this, context, mUser, [this] { RefreshAll(); }),
       mInstant(context),
       mPlayback(context, mInstant, mClock,
-                {.isDrawn = [this] { return mViews->IsDrawn(); }, .redraw = [this] { mViews->Redraw(); }}),
+                {.isDrawn = [this] { return mViews->IsDrawn(); },
+                 .redraw = [this] { mViews->Redraw(); },
+                 .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mMenu(*this),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
     MakeParts();
@@ -81,6 +86,7 @@ FrameMain_cls::~FrameMain_cls() {
 }
 
 void FrameMain_cls::MakeParts() {
+    mFaults = new FaultBar_cls(this);
     mHalves = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                    wxSP_LIVE_UPDATE | wxSP_3DSASH, "halves");
     mTop = new wxSplitterWindow(mHalves, wxID_ANY, wxDefaultPosition, wxDefaultSize,
@@ -105,6 +111,10 @@ void FrameMain_cls::MakeParts() {
                                .stop = [this] { mPlayback.Stop(); }});
     }
     mHalves->SplitHorizontally(mTop, timeline, -FromDIP(kTimelineHeight));
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(mFaults, 0, wxEXPAND);
+    column->Add(mHalves, 1, wxEXPAND);
+    SetSizer(column);
     mStatus = new FrameStatus_cls(this, mContext);
     SetStatusBar(mStatus);
 }
@@ -127,6 +137,7 @@ void FrameMain_cls::PlaceWindow() {
     CallAfter([this, sash, pages] {
         mHalves->SetSashPosition(sash);
         if (mTop->IsSplit()) mTop->SetSashPosition(pages);
+        mViews->GetCanvas(0).SetFocus();
     });
 }
 
@@ -164,6 +175,7 @@ void FrameMain_cls::RemoveCache(bool all) {
 
 void FrameMain_cls::RefreshAll() {
     mInstant.Forget();
+    mFaults->Dismiss();
     ShowSettings(SettingsView_cls::kAll);
     ShowTitle();
     mStatus->RefreshFromModel();
@@ -220,7 +232,6 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
         return;
     }
     mContext.timeCtrl.ProcStopPlaying();
-    mContext.waitThreadFinish();
     const wxSize size = mHalves->GetClientSize();
     mUser.SaveWindow(*this, mHalves->GetSashPosition() - size.y,
                      mTop->IsSplit() ? mTop->GetSashPosition() - size.x : 0);

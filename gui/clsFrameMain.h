@@ -14,6 +14,7 @@
 #include "gui/clsWindowClock.h"
 #include "gui/clsWindowMessage.h"
 
+class FaultBar_cls;
 class FrameStatus_cls;
 class TopHalfPanel_cls;
 class wxNotebook;
@@ -68,6 +69,7 @@ class FrameMain_cls : public wxFrame {
     FrameMenu_cls mMenu;
     int mObserver;
 
+    FaultBar_cls* mFaults = nullptr;
     wxSplitterWindow* mHalves = nullptr;
     wxSplitterWindow* mTop = nullptr;
     TopHalfPanel_cls* mViews = nullptr;

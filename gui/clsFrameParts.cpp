@@ -4,6 +4,7 @@
 
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameContext.h"
+#include "gui/clsInformationGUI.h"
 #include "gui/clsTimelinePanel.h"
 
 const std::vector<FramePage_cls>& FramePages() {
@@ -28,6 +29,8 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
          OpenLightSources},
         {Menu::View, _("&Color Curve Editor..."), _("Colours by value: keys, scaling and templates"),
          OpenColorCurveEditor},
+        {Menu::Data, _("&Information...\tCtrl+I"), _("What there is to know about the data and this frame"),
+         OpenInformation},
         {Menu::Data, _("&Periodic Boundary Condition..."), _("The box of periodic data"),
          OpenPeriodicBoundary},
     };

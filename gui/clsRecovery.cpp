@@ -32,7 +32,7 @@ Recovery_cls::Recovery_cls(const wxString& folder, Host host)
     SetLastWork([this] {
         if (wxThread::IsMain()) Save();
     });
-    Start(kPeriodMs);
+    Start(kMinuteMs);
 }
 
 Recovery_cls::~Recovery_cls() {
@@ -57,6 +57,13 @@ std::optional<wxString> Recovery_cls::FindLeft() const {
 void Recovery_cls::Discard(const wxString& path) {
     const wxLogNull silent;
     wxRemoveFile(path);
+}
+
+void Recovery_cls::Notify() {
+    const int wanted = mHost.getMinutes();
+    if (wanted < 1 || ++mMinutes < wanted) return;
+    mMinutes = 0;
+    Save();
 }
 
 void Recovery_cls::Save() {

@@ -38,7 +38,7 @@ bool WaitFor(const std::function<bool()>& condition, int timeoutMs) {
     return true;
 }
 
-int Picture_cls::CountBrighter(int level) const {
+int ScreenPicture_cls::CountBrighter(int level) const {
     return static_cast<int>(std::count_if(pixels.begin(), pixels.end(), [level](const Colour& c) {
         return std::max({c.red, c.green, c.blue}) > level;
     }));
@@ -130,10 +130,10 @@ void User_cls::Type(const std::string& text) {
     }
 }
 
-Picture_cls User_cls::Look(const wxRect& part) {
+ScreenPicture_cls User_cls::Look(const wxRect& part) {
     Display* display = XOpenDisplay(nullptr);
     const wxRect seen = part.Intersect(wxRect(0, 0, DisplayWidth(display, 0), DisplayHeight(display, 0)));
-    Picture_cls picture;
+    ScreenPicture_cls picture;
     picture.width = seen.width;
     picture.height = seen.height;
     if (XImage* image = XGetImage(display, DefaultRootWindow(display), seen.x, seen.y,

@@ -29,7 +29,7 @@ auto OnGui(Function function) -> std::invoke_result_t<Function> {
 bool WaitFor(const std::function<bool()>& condition, int timeoutMs = 20000);
 
 /// A part of the screen as it looks now.
-struct Picture_cls {
+struct ScreenPicture_cls {
     struct Colour {
         int red;
         int green;
@@ -43,7 +43,7 @@ struct Picture_cls {
     Colour At(int x, int y) const { return pixels[static_cast<size_t>(y * width + x)]; }
     /// Pixels with a channel above the level.
     int CountBrighter(int level) const;
-    bool operator==(const Picture_cls&) const = default;
+    bool operator==(const ScreenPicture_cls&) const = default;
 };
 
 /// Where a window lies on the screen.
@@ -71,7 +71,7 @@ class User_cls {
     /// Letters, digits, and signs that need no more than the shift key.
     void Type(const std::string& text);
 
-    static Picture_cls Look(const wxRect& part);
+    static ScreenPicture_cls Look(const wxRect& part);
 
   private:
     void Key(const std::string& name, bool down);
