@@ -130,6 +130,87 @@ BENCHMARK(WholeDrawOrder)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
+/// Shadows of one light, infinitely far or at a place. Arguments: spheres, whether the light has a place.
+class ShadowScene_cls {
+  public:
+    explicit ShadowScene_cls(const benchmark::State& state)
+        : mCount(static_cast<size_t>(state.range(0))),
+          mPositions(MakePositions(static_cast<int>(mCount))),
+          mRadii(mCount, 0.1F / std::cbrt(static_cast<float>(mCount))),
+          mEntries(mCount) {
+        if (state.range(1) != 0) mLight = {2.0F, 1.0F, 3.0F, 1.0F};
+        for (size_t i = 0; i < mCount; ++i)
+            mEntries[i] = {.mIndex = static_cast<int32_t>(i), .mKey = 0.0F, .mAlpha = 1.0F};
+        mSettings.mLength.mValue = 1.0F;
+    }
+    std::vector<LightProjection_cls::Place> Project() const {
+        const LightProjection_cls projection(mLight);
+        std::vector<LightProjection_cls::Place> places(mCount);
+        for (size_t i = 0; i < mCount; ++i) places[i] = projection.Project(&mPositions[3 * i]);
+        return places;
+    }
+    /// Every sphere with every other.
+    size_t CountByPairs() const {
+        const LightProjection_cls projection(mLight);
+        const auto places = Project();
+        size_t count = 0;
+        for (const auto& place : places) {
+            for (const auto& sphere : places) {
+                const float behind = place.mDepth - sphere.mDepth;
+                if (!(behind > 0.0F) || behind > mSettings.mLength.mValue) continue;
+                const double radius = projection.ProjectRadius(sphere.mDepth, mRadii[0]);
+                double squared = 0.0;
+                for (size_t d = 0; d < 3; ++d) squared += std::pow(place.mAcross[d] - sphere.mAcross[d], 2);
+                if (squared > radius * radius) continue;
+                ++count;
+                break;
+            }
+        }
+        return count;
+    }
+    size_t Count() {
+        const auto shadows = mShadows.FindShadows(mEntries, mPositions.data(), mRadii, {&mLight, 1});
+        return mCount - static_cast<size_t>(std::ranges::count(shadows, 0));
+    }
+
+  private:
+    size_t mCount;
+    std::vector<float> mPositions;
+    std::vector<float> mRadii;
+    std::vector<ArrayAndIndex_cls> mEntries;
+    ShadowVolume_cls::Light mLight{1.0F, 2.0F, 3.0F, 0.0F};
+    ShadowSettings_cls mSettings;
+    ShadowVolume_cls mShadows{mSettings};
+};
+
+void ShadowsBesidePairs(benchmark::State& state) {
+    ShadowScene_cls scene(state);
+    if (scene.Count() != scene.CountByPairs()) state.SkipWithError("the shadows differ");
+    MeasureBeside(
+        state, [&] { benchmark::DoNotOptimize(scene.CountByPairs()); },
+        [&] { benchmark::DoNotOptimize(scene.Count()); });
+}
+BENCHMARK(ShadowsBesidePairs)
+    ->Args({20000, 0})
+    ->Args({20000, 1})
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// The same beside what no search can do without: where each particle is in the light.
+void ShadowsBesideProjection(benchmark::State& state) {
+    ShadowScene_cls scene(state);
+    MeasureBeside(
+        state, [&] { benchmark::DoNotOptimize(scene.Project()); },
+        [&] { benchmark::DoNotOptimize(scene.Count()); });
+}
+BENCHMARK(ShadowsBesideProjection)
+    ->Args({kMillion, 0})
+    ->Args({kMillion, 1})
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
 }  // namespace
 
 int main(int argc, char** argv) {

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -12,6 +13,7 @@
 #include "data/clsLayoutHint.h"
 #include "interp/clsSnapData.h"
 #include "output/clsStateFile.h"
+#include "render/clsFirstLook.h"
 #include "seam/clsDiagnostics.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
@@ -61,6 +63,17 @@ int Batch_cls::Prepare() {
     }
     if (!IsProject()) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
     return kDone;
+}
+
+void Batch_cls::ApplyFirstLook() {
+    const SnapData_cls* first = IsProject() ? nullptr : mSource.Prepare(0.0);
+    if (!first) return;
+    for (const wxString& line : SuggestLook(*first, mLine.mHeight)) {
+        const wxString key = line.BeforeFirst('=') + "=";
+        const bool given = std::any_of(mLine.mSettings.begin(), mLine.mSettings.end(),
+                                       [&](const wxString& setting) { return setting.StartsWith(key); });
+        if (!given) mProject.ApplySetting(line);
+    }
 }
 
 bool Batch_cls::HasData() {
@@ -163,6 +176,7 @@ int Batch_cls::Render() {
     if (!HasData() || !IsNumberedByOne()) return kFailed;
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
+    ApplyFirstLook();
     switch (Film_cls(mMain, mSource, mLine, *frames).Run()) {
         case Film_cls::Result::Interrupted:
             return kInterrupted;
@@ -228,6 +242,7 @@ int Batch_cls::Outcome() const {
 
 int Batch_cls::Save() {
     if (mMain.GetSeqCtrl().GetActive().GetSeqLength() == 0 && !IsProject()) return kFailed;
+    ApplyFirstLook();
     if (mProject.SaveProjectFile(mLine.mProject, true) == 1) return kDone;
     PrintError(mProject.GetError());
     return kFailed;

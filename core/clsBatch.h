@@ -27,6 +27,8 @@ class Batch_cls {
 
     bool IsProject() const { return mLine.mFile.Lower().EndsWith(".vhp"); }
     bool HasData();
+    /// Gives the settings of data without a project a first look, but for those that were given by hand.
+    void ApplyFirstLook();
     /// False, after a message, for a whole series whose second member is missing.
     bool IsNumberedByOne();
     /// The frames to do, checked against the scene and the pattern's number; null after a message.

@@ -176,6 +176,7 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
 ScenePass_cls::Links Main_cls::GetSceneLinks() {
     return {.shared = mPanelShared,
             .option = mDrawOption,
+            .shadow = mShadowSettings,
             .lights = mLightSRCCtrl,
             .periodic = mPeriodicBoundary,
             .data = mSeqCtrl};

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/clsMain.h"
+#include "data/clsSplitPath.h"
 #include "render/clsGLAttribute.h"
 #include "seam/clsInputFile.h"
 #include "seam/clsOutputFile.h"
@@ -149,6 +150,7 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
         mError = path + ": cannot be written: the data's name holds a line feed";
         return 0;
     }
+    mMain.GetSeqCtrl().SetProjectFolder(SplitPath_cls(path).mDirectory);
     // The name goes into this very file, and into the configuration at quit.
     if (!IsConfigFile(path) && path != mMain.GetConfigPath())
         mMain.GetFrameSettings().mLastOpenedFileVHP.SetText(path);
@@ -181,6 +183,7 @@ bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
         return false;
     }
     const ProjectLoadingLock_cls lock;
+    mMain.GetSeqCtrl().SetProjectFolder(SplitPath_cls(path).mDirectory);
     std::string bytes(std::min(file->GetSize(), kMaxProjectByte), '\0');
     bytes.resize(file->ReadAt(0, bytes.data(), bytes.size()));
     LineStream_cls stream(std::move(bytes));

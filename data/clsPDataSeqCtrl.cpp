@@ -92,6 +92,10 @@ void PDataSeqCtrl_cls::ClearSnipping() {
     for (const auto& sequence : mSequences) sequence->ClearSnipping();
 }
 
+void PDataSeqCtrl_cls::SetProjectFolder(const wxString& folder) {
+    for (const auto& sequence : mSequences) sequence->SetProjectFolder(folder);
+}
+
 wxString PDataSeqCtrl_cls::Serialize() const {
     wxString text;
     for (const auto& sequence : mSequences) text += sequence->Serialize();

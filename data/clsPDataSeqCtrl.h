@@ -51,6 +51,8 @@ class PDataSeqCtrl_cls {
 
     void SetSnipping(int index);
     void ClearSnipping();
+    /// See PDataSequence_cls.
+    void SetProjectFolder(const wxString& folder);
     wxString Serialize() const;
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);
 

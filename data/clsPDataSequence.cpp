@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "data/clsDataName.h"
 #include "data/clsParticleBuffer.h"
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
@@ -187,8 +188,14 @@ void PDataSequence_cls::Special_Copy(int from, int to) {
     target.GetBlock().Special_Copy(source.GetBlock());
 }
 
+wxString PDataSequence_cls::GetNameForProject() const {
+    const wxString& path = mFiles.GetPath();
+    if (!mNameAsRead.empty() && DataName::Resolve(mProjectFolder, mNameAsRead) == path) return mNameAsRead;
+    return DataName::ForProject(mProjectFolder, path);
+}
+
 wxString PDataSequence_cls::Serialize() const {
-    wxString text = mKeyItem.Serialize() + mFiles.GetPath() + "\n";
+    wxString text = mKeyItem.Serialize() + GetNameForProject() + "\n";
     for (const auto& attribute : mAttributes) text += attribute->Serialize();
     return text;
 }
@@ -198,7 +205,10 @@ bool PDataSequence_cls::ReadStrLine(LineStream_cls& stream, const wxString& line
     if (taken) {
         wxString path;
         if (stream.ReadLine(path)) path.Trim();
-        if (!path.empty()) OpenDataFile(path);
+        if (!path.empty()) {
+            mNameAsRead = path;
+            OpenDataFile(DataName::Resolve(mProjectFolder, path));
+        }
     }
     for (const auto& attribute : mAttributes) taken = attribute->ReadStrLine(stream, line) || taken;
     return taken;

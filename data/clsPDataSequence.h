@@ -31,6 +31,9 @@ class PDataSequence_cls {
     PDataSequence_cls(const PDataSequence_cls&) = delete;
     PDataSequence_cls& operator=(const PDataSequence_cls&) = delete;
 
+    /// The folder of the project that is read or written next: relative names in it count from there. Empty
+    /// for the current folder, else it ends in "/".
+    void SetProjectFolder(const wxString& folder) { mProjectFolder = folder; }
     /// Takes the pattern from the path, counts the files and names every snapshot.
     void OpenDataFile(const wxString& path);
     void SetIndividualFilenames();
@@ -86,7 +89,7 @@ class PDataSequence_cls {
         return mAttributes;
     }
 
-    /// The key line, the pattern as the user gave it, and the attributes.
+    /// The key line, the pattern as the project had it or as it is found from there, and the attributes.
     wxString Serialize() const;
     /// Takes the key line and the file name on the line after it, and opens that without an undo command.
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);
@@ -100,12 +103,15 @@ class PDataSequence_cls {
     }
 
   private:
+    wxString GetNameForProject() const;
     bool IsInterpolationNeeded(double fraction, bool interpolateAlways) const;
     int FarthestLoaded(int from, int to, bool tag) const;
 
     std::vector<std::unique_ptr<PDataSnap_cls>> mSnapshots;
     std::array<std::unique_ptr<GLAttribute_cls>, kAttributes> mAttributes;
     FileSequence_cls mFiles;
+    wxString mProjectFolder;
+    wxString mNameAsRead;  ///< in the project; empty for data that were opened otherwise
     ConfItemSTR_cls mKeyItem;
     std::function<void(const PDataBlock_cls&)> mReleaseObserver;
 };

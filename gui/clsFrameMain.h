@@ -42,6 +42,7 @@ class FrameMain_cls : public wxFrame {
     std::vector<FrameMenu_cls::Entry> ViewEntries();
     std::vector<FrameMenu_cls::Entry> DataEntries();
     std::vector<FrameMenu_cls::Entry> AnimationEntries();
+    std::vector<FrameMenu_cls::Entry> RenderEntries();
     void PlaceWindow();
     void TogglePlay();
     void GoToFrame(int frame);

@@ -5,6 +5,7 @@
 #include "data/clsPDataSeqCtrl.h"
 #include "gui/clsFrameMain.h"
 #include "gui/clsFrameParts.h"
+#include "gui/clsSavePictures.h"
 #include "gui/clsTopHalfPanel.h"
 #include "gui/clsViewLayout.h"
 #include "timeline/clsTimeCtrl.h"
@@ -138,6 +139,15 @@ Entries FrameMain_cls::AnimationEntries() {
              .key = WXK_UP}};
 }
 
+Entries FrameMain_cls::RenderEntries() {
+    return {{.label = "Save &View as Picture...\tCtrl+P",
+             .help = "Write what the active view shows into a picture",
+             .action = [this] { SaveViewAsPicture(*this, *mViews); }},
+            {.label = "Save Pictures or &Film...\tCtrl+R",
+             .help = "Write frames of the scene into pictures or a film, in any size",
+             .action = [this] { OpenSavePictures(*this, mContext, *mViews); }}};
+}
+
 void FrameMain_cls::MakeMenus() {
     using Menu = FrameDialog_cls::Menu;
     const auto add = [this](const wxString& title, Menu which, Entries entries) -> wxMenu& {
@@ -167,7 +177,7 @@ void FrameMain_cls::MakeMenus() {
     add("&View", Menu::View, ViewEntries());
     add("&Data", Menu::Data, DataEntries());
     add("&Animation", Menu::Animation, AnimationEntries());
-    add("&Render", Menu::Render, {});
+    add("&Render", Menu::Render, RenderEntries());
     mMenu.Add("&Help",
               {{.label = "&Mouse and Keys",
                 .help = "What mouse and keys do",

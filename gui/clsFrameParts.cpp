@@ -2,9 +2,11 @@
 
 #include <wx/translation.h>
 
+#include "data/clsPDataSeqCtrl.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameContext.h"
 #include "gui/clsInformationGUI.h"
+#include "gui/clsSceneGUI.h"
 #include "gui/clsTimelinePanel.h"
 
 const std::vector<FramePage_cls>& FramePages() {
@@ -33,6 +35,10 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
          OpenInformation},
         {Menu::Data, _("&Periodic Boundary Condition..."), _("The box of periodic data"),
          OpenPeriodicBoundary},
+        {Menu::Animation, _("&Scene..."), _("Scene length, work area, and what happens to keys"),
+         [](wxWindow* parent, FrameContext_cls& context) {
+             SceneGUI_cls(parent, context.timeCtrl, context.seqCtrl.GetActive().GetSeqLength()).ShowModal();
+         }},
     };
     return dialogs;
 }

@@ -2,7 +2,6 @@
 
 #include <wx/ffile.h>
 #include <wx/filename.h>
-#include <wx/stdpaths.h>
 #include <wx/window.h>
 
 #include <map>
@@ -10,8 +9,7 @@
 namespace {
 
 wxString& Folder() {
-    static wxString folder = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath() +
-                             wxFileName::GetPathSeparator() + "ICONS";
+    static wxString folder;
     return folder;
 }
 

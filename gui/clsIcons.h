@@ -20,7 +20,7 @@ class Icons_cls {
     /// The same in half the colour's strength, for a control that is switched off.
     static wxBitmapBundle GetFaded(const wxString& name, const wxWindow& window, int size = kSize);
 
-    /// Where the files are, if not in ICONS beside the program.
+    /// Where the files are. Set before the first window is made.
     static void SetFolder(const wxString& folder);
 
     static constexpr int kSize = 18;

@@ -39,6 +39,12 @@ wxSize MainGLCanvas_cls::PixelSize() const {
     return {std::max(size.x, 1), std::max(size.y, 1)};
 }
 
+std::optional<Picture_cls> MainGLCanvas_cls::ReadPicture() {
+    if (!mPicture || !mGL.MakeCurrent(*this)) return std::nullopt;
+    mPicture->Bind();
+    return Picture_cls{mPicture->GetWidth(), mPicture->GetHeight(), mPicture->ReadRGB()};
+}
+
 void MainGLCanvas_cls::Redraw() {
     mStale = true;
     Refresh(false);

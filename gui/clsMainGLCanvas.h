@@ -4,9 +4,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "gui/clsPanelCamera.h"
 #include "gui/clsViewNavigator.h"
+#include "output/clsPicture.h"
 
 class OffscreenBuffer_cls;
 class ViewGL_cls;
@@ -27,6 +29,9 @@ class MainGLCanvas_cls : public wxGLCanvas {
     bool IsDrawn() const { return !mStale || !IsShownOnScreen(); }
     /// Gives up what lives in the OpenGL context, which is about to end.
     void DropPicture();
+    /// The picture that is shown; none before the first.
+    std::optional<Picture_cls> ReadPicture();
+    wxSize PixelSize() const;
     /// What the picture had to say, whole lines.
     const wxString& GetMessage() const { return mMessage; }
     /// Called when the message has changed.
@@ -35,8 +40,6 @@ class MainGLCanvas_cls : public wxGLCanvas {
   private:
     void OnPaint();
     void DrawScene(const SnapData_cls* state);
-    wxSize PixelSize() const;
-
     const unsigned int mIndex;
     FrameContext_cls& mContext;
     ShownInstant_cls& mInstant;

@@ -54,7 +54,8 @@ TimelineCanvas_cls::TimelineCanvas_cls(wxWindow* parent, TimelineModel_cls& mode
     Bind(wxEVT_MIDDLE_UP, &TimelineCanvas_cls::OnUp, this);
     Bind(wxEVT_MOUSEWHEEL, &TimelineCanvas_cls::OnWheel, this);
     Bind(wxEVT_CONTEXT_MENU, &TimelineCanvas_cls::OnContextMenu, this);
-    Bind(wxEVT_KEY_DOWN, &TimelineCanvas_cls::OnKey, this);
+    // Before the keys of the main window: arrows move keys where some are selected.
+    Bind(wxEVT_CHAR_HOOK, &TimelineCanvas_cls::OnKey, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &TimelineCanvas_cls::OnCaptureLost, this);
 }
 
@@ -239,8 +240,11 @@ void TimelineCanvas_cls::OnDoubleClick(wxMouseEvent& event) {
                 mModel.mTimeCtrl.ExpandAACommand();
             break;
         case Area::Names:
-            if (const TimelineTree_cls::Row* found = mModel.mTree.GetRow(row))
+            if (const TimelineTree_cls::Row* found = mModel.mTree.GetRow(row); found && found->expandable) {
                 mModel.mTree.SetExpanded(TimelineTree_cls::Row(*found), !found->expanded);
+            } else {
+                ShowKeyDialog(row, Parameters_cls::msCurrentDoubleIndex);
+            }
             break;
         case Area::Tracks:
             if (const std::optional<Found> key = FindTrackKey(place)) ShowKeyDialog(row, key->time);
@@ -389,6 +393,13 @@ void TimelineCanvas_cls::OnWheel(wxMouseEvent& event) {
     RefreshAll();
 }
 
+void TimelineCanvas_cls::SelectForMenu(const std::optional<Found>& key) {
+    if (!key || TimelineKeys_cls::IsSelected(key->lane, key->time)) return;
+    mModel.mKeys.DeselectAll();
+    TimelineKeys_cls::Select(key->lane, key->time);
+    Refresh();
+}
+
 void TimelineCanvas_cls::OnContextMenu(wxContextMenuEvent& event) {
     using Area = TimelineView_cls::Area;
     if (mGesture != Gesture::None) return;
@@ -405,18 +416,16 @@ void TimelineCanvas_cls::OnContextMenu(wxContextMenuEvent& event) {
         const double frame =
             std::clamp<double>(mModel.mScale.ToFrame(x), 0.0, mModel.mTimeCtrl.GetMaxFrame());
         menu.ShowForFrame(static_cast<int>(std::lround(frame)));
+    } else if (area == Area::Curves) {
+        SelectForMenu(FindCurveKey(place));
+        menu.ShowForKeys(mModel.GetCurrentNumber(), mModel.ToTime(x));
     } else if (area == Area::Tracks || area == Area::Names) {
         const int row = mView.mLanes.FindRow(mView.ToLaneY(place.y), mTheme);
         mModel.SetCurrentRow(row);
         if (area == Area::Names) {
             menu.ShowForRow(row);
         } else {
-            const std::optional<Found> key = FindTrackKey(place);
-            if (key && !TimelineKeys_cls::IsSelected(key->lane, key->time)) {
-                mModel.mKeys.DeselectAll();
-                TimelineKeys_cls::Select(key->lane, key->time);
-                Refresh();
-            }
+            SelectForMenu(FindTrackKey(place));
             menu.ShowForKeys(row, mModel.ToTime(x));
         }
     }
@@ -480,7 +489,13 @@ void TimelineCanvas_cls::ShowHover(wxPoint place) {
 void TimelineCanvas_cls::ShowKeyDialog(int row, double t) {
     const TimelineTree_cls::Row* found = mModel.mTree.GetRow(row);
     if (!found) return;
-    KeyFrameGUI_cls dialog(this, mModel.mTimeCtrl, found->GetName(), mModel.mTree.GetParameters(*found), t);
+    const TimelineKeys_cls::Lane lane = mModel.mTree.GetParameters(*found);
+    // A constant is edited in its one key, wherever that is.
+    const bool constant = std::none_of(lane.begin(), lane.end(), [](const auto* parameter) {
+        return parameter->IsTimeDependent() || parameter->GetKeys().empty();
+    });
+    const double time = constant && !lane.empty() ? lane.front()->GetKeys().front().mTime : t;
+    KeyFrameGUI_cls dialog(this, mModel.mTimeCtrl, found->GetName(), lane, time);
     if (dialog.HasKeys()) dialog.ShowModal();
 }
 

@@ -55,6 +55,8 @@ class TimelineCanvas_cls : public wxWindow {
     std::optional<Found> FindCurveKey(wxPoint place) const;
     /// Selects a key as a press on it does: alone, or with Ctrl or Shift beside the others.
     void PressKey(const std::optional<Found>& key, const wxMouseEvent& event);
+    /// A menu works on the keys that are selected, or on the one it is opened over.
+    void SelectForMenu(const std::optional<Found>& key);
     void DragKeys(wxPoint place);
     void DragBox(wxPoint place);
     void ShowHover(wxPoint place);

@@ -26,6 +26,7 @@ void DropCovered(Parameters_cls& parameter) {
 
 /// The same for one key.
 void DropOthersAt(Parameters_cls& parameter, int index) {
+    if (index < 0) return;
     const double time = parameter.GetKeys().at(static_cast<size_t>(index)).mTime;
     for (int i = parameter.GetKeyNumber() - 1; i >= 0; --i) {
         const bool same =

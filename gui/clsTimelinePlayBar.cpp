@@ -47,18 +47,42 @@ TimelinePlayBar_cls::TimelinePlayBar_cls(wxWindow* parent, TimeCtrl_cls& timeCtr
         [this](bool on) { mTimeCtrl.SetRepeatCommand(on); });
     AddSpace(10);
 
+    AddLabel("frame");
     mFrame = AddNumber("frame", "The frame that is shown", TimeValue::Frame, 0, mTimeCtrl.GetMaxFrame());
     mMaxFrame = AddText("of 00000", "The last frame of the scene");
+    wxStaticText* step = AddLabel("step");
     mAnimStep =
         AddNumber("step", "Playing and stepping show every so many frames", TimeValue::AnimStep, 1, 9999);
+    wxStaticText* subSteps = AddLabel("sub-steps");
     mAnimInterp =
         AddNumber("sub-steps", "Pictures from one frame to the next, interpolated between snapshots",
                   TimeValue::AnimInterp, 1, 9999);
     mSnapshot =
-        AddText("snapshot 00000.000", "The data shown: snapshot number, with the fraction to the next");
+        AddText("snapshot 00000.00", "The data shown: snapshot number, with the fraction to the next");
     mRate = AddText("000.0 fps", "Frames shown per second, while playing");
+    mOptional = {{mRate}, {mSnapshot}, {subSteps, mAnimInterp}, {step, mAnimStep}, {mMaxFrame}};
     static_cast<wxBoxSizer*>(GetSizer())->AddStretchSpacer();
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        FitToWidth();
+        event.Skip();
+    });
     RefreshFromModel();
+}
+
+void TimelinePlayBar_cls::FitToWidth() {
+    const auto show = [](const std::vector<wxWindow*>& windows, bool shown) {
+        for (wxWindow* window : windows) window->Show(shown);
+    };
+    for (const auto& windows : mOptional) show(windows, true);
+    for (const auto& windows : mOptional) {
+        if (GetSizer()->CalcMin().x <= GetClientSize().x) break;
+        show(windows, false);
+    }
+}
+
+wxSize TimelinePlayBar_cls::DoGetBestClientSize() const {
+    // Narrow windows leave something out instead of cutting off the end.
+    return {1, GetSizer()->CalcMin().y};
 }
 
 // Making the controls
@@ -94,14 +118,19 @@ void TimelinePlayBar_cls::AddSwitch(const wxString& icon, const wxString& tip, s
     mSwitches.push_back({button, std::move(isOn)});
 }
 
-wxSpinCtrl* TimelinePlayBar_cls::AddNumber(const wxString& label, const wxString& tip, TimeValue which,
-                                           int lowest, int highest) {
+wxStaticText* TimelinePlayBar_cls::AddLabel(const wxString& label) {
     auto* text = new wxStaticText(this, wxID_ANY, label);
+    GetSizer()->Add(text, wxSizerFlags().CenterVertical().Border(wxRIGHT, FromDIP(5)));
+    return text;
+}
+
+wxSpinCtrl* TimelinePlayBar_cls::AddNumber(const wxString& name, const wxString& tip, TimeValue which,
+                                           int lowest, int highest) {
     auto* control = new wxSpinCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                    wxSP_ARROW_KEYS | wxTE_PROCESS_ENTER, lowest, highest, lowest);
     control->SetInitialSize(control->GetSizeFromTextSize(control->GetTextExtent("00000")));
     control->SetToolTip(tip);
-    control->SetName(label);
+    control->SetName(name);
     control->Bind(wxEVT_SPINCTRL, [this, which](wxSpinEvent& event) {
         if (which == TimeValue::Frame) {
             GoToFrame(event.GetPosition());
@@ -109,7 +138,6 @@ wxSpinCtrl* TimelinePlayBar_cls::AddNumber(const wxString& label, const wxString
             mTimeCtrl.SetValueCommand(which, event.GetPosition());
         }
     });
-    GetSizer()->Add(text, wxSizerFlags().CenterVertical().Border(wxRIGHT, FromDIP(5)));
     GetSizer()->Add(control, wxSizerFlags().CenterVertical().Border(wxRIGHT, FromDIP(6)));
     return control;
 }
@@ -158,7 +186,7 @@ void TimelinePlayBar_cls::RefreshFromModel() {
         mPlay->SetBitmap(Icons_cls::Get(mShowsPlaying ? "pause" : "play", *this));
         mRateSince = Clock_cls::Current().Now();
         mRateFrames = 0;
-        ShowText(*mRate, wxString());
+        if (mShowsPlaying) ShowText(*mRate, wxString());
     }
     ShowRate();
 }

@@ -33,6 +33,9 @@ class TimelinePlayBar_cls : public wxPanel {
     /// Shows what the timeline holds; controls that show it already are left alone.
     void RefreshFromModel();
 
+  protected:
+    wxSize DoGetBestClientSize() const override;
+
   private:
     struct Switch {
         wxToggleButton* button;
@@ -43,8 +46,11 @@ class TimelinePlayBar_cls : public wxPanel {
     wxSpinCtrl* AddNumber(const wxString& label, const wxString& tip, TimeValue which, int lowest,
                           int highest);
     wxStaticText* AddText(const wxString& widest, const wxString& tip);
+    wxStaticText* AddLabel(const wxString& label);
     void AddSpace(int pixels);
     void GoToFrame(int frame);
+    /// Leaves out what the width has no room for, the least needed first.
+    void FitToWidth();
     void ShowRate();
 
     TimeCtrl_cls& mTimeCtrl;
@@ -58,6 +64,7 @@ class TimelinePlayBar_cls : public wxPanel {
     wxStaticText* mSnapshot = nullptr;
     wxStaticText* mRate = nullptr;
     std::vector<Switch> mSwitches;
+    std::vector<std::vector<wxWindow*>> mOptional;  ///< what may be left out, the least needed first
     bool mShowsPlaying = false;
 
     // Frames shown since a moment, from which the rate follows

@@ -27,6 +27,7 @@ class TopHalfPanel_cls : public wxPanel, public SettingsView_cls {
     /// True when every panel that can be seen has drawn what it was asked to.
     bool IsDrawn() const;
 
+    size_t GetActive() const { return mActive; }
     PanelCamera_cls& GetActiveCamera();
     MainGLCanvas_cls& GetCanvas(size_t panel);
     void ShowSettings(std::uint64_t updateBits) override;

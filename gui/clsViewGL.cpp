@@ -11,6 +11,7 @@
 ViewGL_cls::ViewGL_cls(FrameContext_cls& context)
     : mPass({.shared = context.panelShared,
              .option = context.drawOption,
+             .shadow = context.shadowSettings,
              .lights = context.lightSRCCtrl,
              .periodic = context.periodicBoundary,
              .data = context.seqCtrl}) {}

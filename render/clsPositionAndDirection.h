@@ -12,6 +12,8 @@ struct PositionAndDirection_cls {
     Vector3 mUp{0.0, 1.0, 0.0};
     Vector3 mAnchor{0.0, 0.0, 0.0};
 
+    /// Whatever length the direction has been given; straight ahead for one without any.
+    Vector3 GetUnitDirection() const;
     /// Multiplies the current matrix by the view of this pose.
     void LookOnGL() const;
 };

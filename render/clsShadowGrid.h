@@ -4,8 +4,9 @@
 #include <span>
 #include <vector>
 
+#include "render/clsArrayAndIndex.h"
+#include "render/clsKeptArray.h"
 #include "render/clsLightProjection.h"
-#include "render/clsZSort.h"
 
 /// The spheres that throw shadow in one light, found by place: is one of them between a particle and the
 /// light?
@@ -34,31 +35,30 @@ class ShadowGrid_cls {
     };
     struct Sphere {
         Across across;
-        double radius;  ///< in the measure of `across`
+        float radius;  ///< in the measure of `across`
         float depth;
     };
 
     void CollectSpheres(const LightProjection_cls& projection, std::span<const ArrayAndIndex_cls> entries,
                         const float* positions, std::span<const float> radii);
-    void SortByDepth();
     void FillBuckets();
+    void SortBuckets();
 
-    Level LevelOf(double radius) const;
+    Level LevelOf(float radius) const;
     static int64_t CellAt(double across, const Level& level);
     size_t BucketOf(const Level& level, const Cell& cell) const;
     template <class Use>
     void ForEachBucket(const Sphere& sphere, const Use& use) const;
 
     size_t mDimensions = 2;
-    int mFinest = 0;               ///< exponent of the smallest cells
-    std::vector<Sphere> mSpheres;  ///< ascending by depth
+    int mFinest = 0;  ///< exponent of the smallest cells
     std::vector<Level> mLevels;
     /// The spheres of bucket b: mList[mBucketBegin[b]] to mList[mBucketBegin[b + 1] - 1], ascending by depth.
-    std::vector<size_t> mBucketBegin;
-    std::vector<uint32_t> mList;
+    /// They are copied here, so that those of one bucket lie side by side.
+    KeptArray_cls<size_t> mBucketBegin;
+    KeptArray_cls<Sphere> mList;
     size_t mBucketMask = 0;
 
-    std::vector<Sphere> mUnsorted;
-    EntryArray_cls mOrder;
-    ZSort_cls mSort;
+    KeptArray_cls<Sphere> mSpheres;
+    size_t mCount = 0;  ///< of spheres
 };

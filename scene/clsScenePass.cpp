@@ -1,8 +1,5 @@
 #include "scene/clsScenePass.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "data/clsPDataSeqCtrl.h"
 #include "interp/clsSnapData.h"
 #include "render/clsGLAttribute.h"
@@ -10,28 +7,28 @@
 #include "render/clsOpenGL.h"
 #include "render/clsPanelShared.h"
 #include "scene/clsLegendBar.h"
+#include "scene/clsLightSRCCtrl.h"
 #include "scene/clsOverlayText.h"
 #include "scene/clsRoundView.h"
 #include "scene/clsSceneGuides.h"
 
 namespace {
 
-/// Points small enough to tell many particles apart and large enough to see few.
-double PointSizeFor(size_t particles, int height) {
-    const double spacing = height / std::sqrt(static_cast<double>(std::max<size_t>(particles, 1)));
-    return std::clamp(0.4 * spacing, 1.5 * std::max(1.0, height / 720.0), height / 40.0);
-}
-
-/// Opaque points of more particles than this would run together into one flat patch.
-constexpr size_t kCrowd = 20000;
-
 /// Of the view that a cube's face is drawn with.
 constexpr double kFaceAngle = 90.0;
 
+std::array<float, 3> ToColour(const Vector3& v) {
+    return {static_cast<float>(v[0]), static_cast<float>(v[1]), static_cast<float>(v[2])};
+}
+
 }  // namespace
+
+ScenePass_cls::ScenePass_cls(const Links& links)
+    : mLinks(links), mDrawData(links.option, links.shadow, links.shared) {}
 
 void ScenePass_cls::Draw(const SceneView_cls& view) {
     mMessage.clear();
+    UpdateLights(view.mTime);
     const unsigned int geometry = view.mPanel.mGeometry.mValue;
     ViewCamera_cls camera = view.mCamera;
     camera.mAngle = LimitAngle(camera.mAngle, geometry, &mMessage);
@@ -74,7 +71,7 @@ void ScenePass_cls::DrawScene(const SceneView_cls& view, const ViewCamera_cls& c
 
     ClearBuffer();
     DrawGuides(view, camera);
-    if (view.mPanel.mShowData.mValue) DrawData(view);
+    if (view.mPanel.mShowData.mValue) DrawData(view, camera, projection);
 }
 
 void ScenePass_cls::ClearBuffer() const {
@@ -86,12 +83,32 @@ void ScenePass_cls::ClearBuffer() const {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT | GL_ACCUM_BUFFER_BIT);
 }
 
-void ScenePass_cls::DrawData(const SceneView_cls& view) {
-    const SnapData_cls* state = view.mState;
-    if (!state || state->GetCount() == 0) return;
-    const size_t shown = static_cast<size_t>(state->GetCount()) / static_cast<size_t>(state->GetStride());
-    const auto look = shown > kCrowd ? GLDrawData_cls::Look::Glowing : GLDrawData_cls::Look::Opaque;
-    GLDrawData_cls::GLDrawPointAll(*state, static_cast<float>(PointSizeFor(shown, view.mHeight)), look);
+void ScenePass_cls::UpdateLights(double time) {
+    mDrawData.ClearLights();
+    int shining = 0;
+    for (int number = 0; number < LightSRCCtrl_cls::kLights; ++number) {
+        const LightSRC_cls& light = mLinks.lights.GetLight(number);
+        if (!light.mVisible.mValue) continue;
+        const bool placed = light.mType.mValue == LightSRC_cls::kFromPosition;
+        mDrawData.SetLightSourceInfo(
+            shining++,
+            {.mVector = light.GetVector(placed ? LightSRC_cls::kPosition : LightSRC_cls::kDirection, time),
+             .mIsPositional = placed,
+             .mAmbient = ToColour(light.GetVector(LightSRC_cls::kAmbient, time)),
+             .mDiffuse = ToColour(light.GetVector(LightSRC_cls::kDiffuse, time)),
+             .mSpecular = ToColour(light.GetVector(LightSRC_cls::kSpecular, time))},
+            1.0, 1.0F);
+    }
+}
+
+void ScenePass_cls::DrawData(const SceneView_cls& view, const ViewCamera_cls& camera, Projection projection) {
+    if (!view.mState || view.mState->GetCount() == 0) return;
+    DrawAttributes_cls attributes{};
+    for (size_t i = 0; i < attributes.size(); ++i)
+        attributes[i] = mLinks.data.GetActive().GetAttributes()[i].get();
+    mDrawData.SetCameraPos(camera.mPose.mPosition);
+    mDrawData.SetViewDirection(camera.mPose.GetUnitDirection(), projection == Projection::Orthographic);
+    mDrawData.GLDraw(static_cast<int>(view.mIndex), *view.mState, attributes);
 }
 
 std::array<float, 3> ScenePass_cls::GetBackground() const {

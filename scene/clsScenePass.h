@@ -16,6 +16,7 @@ class LightSRCCtrl_cls;
 class PDataSeqCtrl_cls;
 class PanelShared_cls;
 class PeriodicBoundary_cls;
+class ShadowSettings_cls;
 class SnapData_cls;
 
 /// One view of one instant. What it points at is borrowed for the call.
@@ -47,12 +48,13 @@ class ScenePass_cls {
     struct Links {
         const PanelShared_cls& shared;
         const DrawOption_cls& option;
+        const ShadowSettings_cls& shadow;
         const LightSRCCtrl_cls& lights;
         const PeriodicBoundary_cls& periodic;
         PDataSeqCtrl_cls& data;
     };
 
-    explicit ScenePass_cls(const Links& links) : mLinks(links) {}
+    explicit ScenePass_cls(const Links& links);
     ScenePass_cls(const ScenePass_cls&) = delete;
     ScenePass_cls& operator=(const ScenePass_cls&) = delete;
 
@@ -66,7 +68,8 @@ class ScenePass_cls {
                    int height);
     void DrawRound(const SceneView_cls& view, const ViewCamera_cls& camera);
     void ClearBuffer() const;
-    void DrawData(const SceneView_cls& view);
+    void UpdateLights(double time);
+    void DrawData(const SceneView_cls& view, const ViewCamera_cls& camera, Projection projection);
     void DrawGuides(const SceneView_cls& view, const ViewCamera_cls& camera) const;
     void DrawAids(const SceneView_cls& view, const ViewCamera_cls& camera) const;
     void DrawOverlay(const SceneView_cls& view) const;
@@ -74,5 +77,6 @@ class ScenePass_cls {
     std::array<float, 3> GetBackground() const;
 
     Links mLinks;
+    GLDrawData_cls mDrawData;
     wxString mMessage;
 };

@@ -2,6 +2,7 @@
 #include <wx/frame.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
+#include <wx/tglbtn.h>
 
 #include "gui/clsKeyFrameGUI.h"
 #include "gui/clsSceneGUI.h"
@@ -154,6 +155,44 @@ TEST_F(TimelineGuiTest, TypesByTheMenuAndValuesByTheDialog) {
     OnGui([] { GCUndoList.UndoCurrent(); });
     EXPECT_TRUE(HasFrames({0, 20, 60}));
     EXPECT_DOUBLE_EQ(OnGui([&] { return key(2).mValue; }), 5.0) << "one step";
+}
+
+TEST_F(TimelineGuiTest, ValuesAreDraggedInTheCurves) {
+    Parameters_cls& z = mScene->position.GetParameter(2);
+    const auto value = [&] { return z.GetKeyFrameValue(1); };
+    mUser.Click(At(50, kPositionRow));
+    mUser.Click(OnGui([this] {
+        const auto isCurve = [](wxToggleButton& button) { return button.GetName() == "curve"; };
+        const wxRect rect = ScreenRect(*FindWindowBelow<wxToggleButton>(mFrame, isCurve));
+        return rect.GetPosition() + rect.GetSize() / 2;
+    }));
+    ASSERT_TRUE(WaitFor([this] { return FindWindowBelow<TimelineCanvas_cls>(mFrame)->IsShowingCurves(); }));
+
+    // A second view of the same layout tells where z's middle key is drawn.
+    const wxPoint key = OnGui([&] {
+        auto* canvas = FindWindowBelow<TimelineCanvas_cls>(mFrame);
+        const TimelineTheme_cls theme(*canvas);
+        TimelineModel_cls model(mScene->time, mScene->trees);
+        model.mTree.Update();
+        model.SetCurrentRow(kPositionRow);
+        TimelineView_cls view(model);
+        view.ShowCurves(true);
+        view.SetLayout(canvas->GetClientSize(), theme);
+        view.mCurves.FitValues();
+        const int x = wxRound(model.ToX(0.2));
+        int y = 0;
+        while (y < 500 &&
+               (!view.mCurves.FindKey(theme, x, y) || view.mCurves.FindKey(theme, x, y)->parameter != &z))
+            ++y;
+        return canvas->ClientToScreen(
+            wxPoint(view.GetNamesWidth() + x, theme.rulerHeight + view.GetLanesHeight() + y + theme.keySize));
+    });
+    mUser.Drag(key, key + wxPoint(2, 40));
+    EXPECT_TRUE(WaitFor([&] { return value() < 15.0; }, 5000)) << value();
+    EXPECT_EQ(OnGui([&] { return z.FindKey(0.2); }), 1) << "a little aside is straight down";
+    OnGui([] { GCUndoList.UndoCurrent(); });
+    EXPECT_DOUBLE_EQ(OnGui(value), 20.0);
+    EXPECT_FALSE(OnGui([] { return GCUndoList.CanUndo(); }));
 }
 
 TEST_F(TimelineGuiTest, TheSceneDialogIsOneStepAndRefusesWhatCannotBe) {

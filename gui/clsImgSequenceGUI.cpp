@@ -1,0 +1,285 @@
+#include "gui/clsImgSequenceGUI.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/filedlg.h>
+#include <wx/filename.h>
+#include <wx/gauge.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/timer.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <array>
+
+#include "data/clsFileSequence.h"
+#include "gui/clsWords.h"
+#include "timeline/clsTimeCtrl.h"
+
+namespace {
+
+constexpr const char* kTitle = "Save Pictures or Film";
+constexpr int kTickMs = 100;
+constexpr double kLargestPicture = 16384;
+constexpr int kInterrupted = 130;
+constexpr const char* kFiles =
+    "PNG pictures (*.png)|*.png|JPEG pictures (*.jpg)|*.jpg|TIFF pictures (*.tif)|*.tif";
+
+const std::array<wxSize, 5> kSizes = {wxSize(640, 480), wxSize(1280, 720), wxSize(1920, 1080),
+                                      wxSize(2560, 1440), wxSize(3840, 2160)};
+
+wxString Duration(long seconds) {
+    return seconds < 60 ? wxString::Format("%ld s", seconds)
+                        : wxString::Format("%ld min %02ld s", seconds / 60, seconds % 60);
+}
+
+}  // namespace
+
+ImgSequenceGUI_cls& ImgSequenceGUI_cls::Open(wxWindow& parent, const Links& links) {
+    ImgSequenceGUI_cls* dialog = nullptr;
+    for (wxWindow* child : parent.GetChildren())
+        if (auto* candidate = dynamic_cast<ImgSequenceGUI_cls*>(child)) dialog = candidate;
+    if (!dialog) dialog = new ImgSequenceGUI_cls(parent, links);
+    if (!dialog->IsSaving()) dialog->ShowRange();
+    dialog->Show();
+    dialog->Raise();
+    return *dialog;
+}
+
+ImgSequenceGUI_cls::ImgSequenceGUI_cls(wxWindow& parent, const Links& links)
+    : wxDialog(&parent, wxID_ANY, kTitle, wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+      mLinks(links),
+      mTimer(this),
+      mGrid(*this, [this] { SaveAll(); }) {
+    AddNames();
+    AddFrames();
+    AddSize();
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(mGrid.GetSizer(), wxSizerFlags().Expand().Border(wxALL, FromDIP(12)));
+    sizer->Add(MakeProgress(), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, FromDIP(12)));
+    sizer->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, FromDIP(12)));
+    SetEscapeId(wxID_CLOSE);
+    SetSizerAndFit(sizer);
+    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTick(); });
+    ShowState();
+}
+
+ImgSequenceGUI_cls::~ImgSequenceGUI_cls() {
+    if (!mProject.empty()) wxRemoveFile(mProject);
+}
+
+void ImgSequenceGUI_cls::AddNames() {
+    auto* row = new wxPanel(this);
+    mPattern = new wxTextCtrl(row, wxID_ANY, wxGetHomeDir() + "/film%04d.png");
+    mPattern->SetName("Pictures");
+    mPattern->SetToolTip(
+        "File names; %04d is the place of the frame's number. Ending: .png, .jpg, .tif or .bmp");
+    mPattern->SetMinSize(mPattern->GetSizeFromTextSize(GetTextExtent(wxString('m', 40))));
+    auto* browse = new wxButton(row, wxID_ANY, "Browse...");
+    browse->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ChooseFile(); });
+    auto* sizer = new wxBoxSizer(wxHORIZONTAL);
+    sizer->Add(mPattern, wxSizerFlags(1).CenterVertical());
+    sizer->Add(browse, wxSizerFlags().Border(wxLEFT, FromDIP(6)));
+    row->SetSizer(sizer);
+    mGrid.AddControl("Pictures", *row);
+
+    mKeep = new wxCheckBox(this, wxID_ANY, "Keep pictures that are already complete");
+    mKeep->SetToolTip("Goes on where an earlier run was cancelled");
+    mGrid.AddControl("", *mKeep);
+
+    mMovie = new wxTextCtrl(this, wxID_ANY, wxGetHomeDir() + "/film.mp4");
+    mMovie->SetName("Film");
+    mMovie->SetToolTip("Name of the film file (.mp4, .mkv, .webm, .mov or .avi); ffmpeg makes it");
+    mFilm = new wxCheckBox(this, wxID_ANY, "Also make a film of the pictures");
+    mFilm->SetToolTip("Hands every frame to ffmpeg as well");
+    mFilm->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { mMovie->Enable(mFilm->GetValue()); });
+    mMovie->Disable();
+    mGrid.AddControl("Film", *mFilm);
+    mGrid.AddControl("", *mMovie);
+}
+
+void ImgSequenceGUI_cls::AddFrames() {
+    mRange = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                          Words({"This frame", "Work area", "Whole scene", "From ... to ..."}));
+    mRange->SetSelection(kWorkArea);
+    mRange->SetName("Frames");
+    mRange->SetToolTip("Which frames of the timeline are saved");
+    mRange->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowRange(); });
+    mGrid.AddControl("Frames", *mRange);
+    mFirst = &mGrid.AddNumber("From", "First frame", 0);
+    mLast = &mGrid.AddNumber("To", "Last frame", 0);
+    mStep = &mGrid.AddNumber("Step", "Every so many frames", 1);
+}
+
+void ImgSequenceGUI_cls::AddSize() {
+    wxArrayString words = Words({"As the view"});
+    for (const wxSize& size : kSizes) words.Add(wxString::Format("%d x %d", size.x, size.y));
+    auto* sizes = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, words);
+    sizes->SetName("Size");
+    sizes->SetToolTip("Size of the pictures; it does not depend on the window");
+    sizes->SetSelection(2);
+    sizes->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
+        const int choice = event.GetSelection();
+        ShowSize(choice == 0 ? mLinks.getViewSize() : kSizes.at(static_cast<size_t>(choice - 1)));
+    });
+    mGrid.AddControl("Size", *sizes);
+    mWidth = &mGrid.AddNumber("Width", "Width of the pictures in pixels", mSequence.mWidth);
+    mHeight = &mGrid.AddNumber("Height", "Height of the pictures in pixels", mSequence.mHeight);
+}
+
+wxSizer* ImgSequenceGUI_cls::MakeProgress() {
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    mGauge = new wxGauge(this, wxID_ANY, 1);
+    mStatus = new wxStaticText(this, wxID_ANY, "\n\n", wxDefaultPosition, wxDefaultSize,
+                               wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
+    sizer->Add(mGauge, wxSizerFlags().Expand());
+    sizer->Add(mStatus, wxSizerFlags(1).Expand().Border(wxTOP, FromDIP(6)));
+    return sizer;
+}
+
+wxSizer* ImgSequenceGUI_cls::MakeButtons() {
+    mSave = new wxButton(this, wxID_SAVE);
+    mPause = new wxButton(this, wxID_ANY, "Pause");
+    mCancel = new wxButton(this, wxID_STOP, "Cancel Saving");
+    mCancel->SetToolTip("Stops after the pictures that are being written; what is there stays");
+    mSave->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { SaveAll(); });
+    mPause->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { PauseOrGoOn(); });
+    mCancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { mChild.Cancel(); });
+    auto* sizer = new wxBoxSizer(wxHORIZONTAL);
+    for (wxButton* button : {mSave, mPause, mCancel})
+        sizer->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(6)));
+    sizer->AddStretchSpacer();
+    sizer->Add(new wxButton(this, wxID_CLOSE));
+    return sizer;
+}
+
+void ImgSequenceGUI_cls::ChooseFile() {
+    wxFileDialog dialog(this, "Save Pictures As", wxPathOnly(mPattern->GetValue()),
+                        wxFileNameFromPath(mPattern->GetValue()), kFiles, wxFD_SAVE);
+    if (dialog.ShowModal() != wxID_OK) return;
+    wxString path = dialog.GetPath();
+    static constexpr std::array<const char*, 3> kEndings = {".png", ".jpg", ".tif"};
+    if (!wxFileNameFromPath(path).Contains("."))
+        path += kEndings.at(static_cast<size_t>(std::clamp(dialog.GetFilterIndex(), 0, 2)));
+    mPattern->SetValue(path);
+}
+
+void ImgSequenceGUI_cls::ShowRange() {
+    const TimeCtrl_cls& time = mLinks.timeCtrl;
+    const FrameRange area = time.GetSettings().GetWorkArea();
+    const int choice = mRange->GetSelection();
+    const auto show = [](EntryGrid_cls::Entry* entry, int value, bool own) {
+        entry->text->ChangeValue(wxString::Format("%d", value));
+        entry->before = entry->text->GetValue();
+        entry->text->Enable(own);
+    };
+    mSequence.mFirst = choice == kThisFrame ? time.GetFrame() : choice == kWholeScene ? 0 : area.first;
+    mSequence.mLast = choice == kThisFrame    ? time.GetFrame()
+                      : choice == kWholeScene ? time.GetMaxFrame()
+                                              : area.last;
+    show(mFirst, mSequence.mFirst, choice == kOwnRange);
+    show(mLast, mSequence.mLast, choice == kOwnRange);
+    show(mStep, mSequence.mStep, choice != kThisFrame);
+}
+
+void ImgSequenceGUI_cls::ShowSize(wxSize size) {
+    mWidth->text->SetValue(wxString::Format("%d", size.x));
+    mHeight->text->SetValue(wxString::Format("%d", size.y));
+}
+
+bool ImgSequenceGUI_cls::ReadEntries() {
+    const double end = mLinks.timeCtrl.GetMaxFrame();
+    const auto read = [this](EntryGrid_cls::Entry* entry, double lowest, double highest, int& value) {
+        const auto number = mGrid.Read(*entry, {lowest, highest, true});
+        if (number) value = static_cast<int>(*number);
+        // What was accepted is what the next change is measured against.
+        if (number) entry->before = entry->text->GetValue();
+    };
+    read(mFirst, 0, end, mSequence.mFirst);
+    read(mLast, mSequence.mFirst, end, mSequence.mLast);
+    read(mStep, 1, std::max(end, 1.0), mSequence.mStep);
+    read(mWidth, 1, kLargestPicture, mSequence.mWidth);
+    read(mHeight, 1, kLargestPicture, mSequence.mHeight);
+    mSequence.mPattern = mPattern->GetValue();
+    mSequence.mMovie = mFilm->GetValue() ? mMovie->GetValue() : wxString();
+    mSequence.mResume = mKeep->GetValue();
+    return mGrid.TakeGood();
+}
+
+void ImgSequenceGUI_cls::SaveAll() {
+    if (IsSaving() || !ReadEntries() || !mSequence.EnsureNumbered()) return;
+    mPattern->SetValue(mSequence.mPattern);
+    if (mProject.empty()) {
+        mProject = wxFileName::CreateTempFileName("varnholt3-") + ".vhp";
+        wxRemoveFile(mProject.BeforeLast('.'));
+    }
+    if (!mLinks.saveCopy(mProject)) {
+        mStatus->SetLabel(mProject + ": the scene could not be written");
+        return;
+    }
+    if (!mChild.Start(mLinks.program, mSequence.MakeArguments(mProject, mLinks.getPanel()))) {
+        mStatus->SetLabel(mLinks.program + ": the program could not be started");
+        return;
+    }
+    mWatch.Start();
+    mWasRunning = true;
+    mTimer.Start(kTickMs);
+    ShowState();
+}
+
+void ImgSequenceGUI_cls::PauseOrGoOn() {
+    mChild.Pause(!mChild.IsPaused());
+    mChild.IsPaused() ? mWatch.Pause() : mWatch.Resume();
+    ShowState();
+}
+
+void ImgSequenceGUI_cls::OnTick() {
+    mChild.Poll();
+    ShowState();
+    if (IsSaving()) return;
+    mTimer.Stop();
+    mWasRunning = false;
+}
+
+wxString ImgSequenceGUI_cls::DescribeEnd() const {
+    const int frames = mSequence.GetFrames();
+    if (mChild.GetStatus() == 0)
+        return wxString::Format("%d of %d saved in %s.", mChild.GetDone(), frames,
+                                Duration(mWatch.Time() / 1000));
+    const bool cancelled = mChild.GetStatus() == kInterrupted;
+    return wxString::Format(
+        cancelled ? "Cancelled after %d of %d pictures." : "Failed after %d of %d pictures.",
+        mChild.GetDone(), frames);
+}
+
+void ImgSequenceGUI_cls::ShowState() {
+    const bool running = IsSaving();
+    mSave->Enable(!running);
+    mPause->Enable(running);
+    mCancel->Enable(running);
+    mPause->SetLabel(running && mChild.IsPaused() ? "Go On" : "Pause");
+    if (!running && !mWasRunning) return;
+
+    const int frames = mSequence.GetFrames();
+    const int done = std::min(mChild.GetDone(), frames);
+    mGauge->SetRange(frames);
+    mGauge->SetValue(done);
+    wxString text;
+    if (!running) {
+        text = DescribeEnd();
+    } else {
+        text = wxString::Format("%d of %d", done, frames);
+        if (mChild.IsPaused()) {
+            text += ", paused";
+        } else if (done > 0) {
+            text += ", about " + Duration(mWatch.Time() * (frames - done) / done / 1000) + " left";
+        }
+    }
+    text += "\n" + (mChild.GetMessages().empty() ? mChild.GetFile() : mChild.GetMessages());
+    if (mStatus->GetLabel() != text) mStatus->SetLabel(text);
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <wx/dialog.h>
+#include <wx/stopwatch.h>
+#include <wx/timer.h>
+
+#include <functional>
+
+#include "gui/clsEntryGrid.h"
+#include "gui/clsRenderProcess.h"
+#include "output/clsImgSequence.h"
+
+class PanelSettings_cls;
+class TimeCtrl_cls;
+class wxCheckBox;
+class wxChoice;
+class wxGauge;
+class wxStaticText;
+class wxTextCtrl;
+
+/// Saves pictures or a film of a view while the window stays free: range, size, names, and while it runs
+/// progress, time left, pause and cancel. What is saved is the scene as it is when Save is pressed.
+/// Owned by its parent window; there is one. Threads: GUI thread. Failure: a wrong entry is marked beside its
+/// field, what the writer says is shown below the progress.
+class ImgSequenceGUI_cls : public wxDialog {
+  public:
+    /// What the dialog needs of the window; everything outlives it.
+    struct Links {
+        TimeCtrl_cls& timeCtrl;
+        wxString program;                                    ///< this one, to run once more
+        std::function<bool(const wxString& path)> saveCopy;  ///< the state as a project
+        std::function<const PanelSettings_cls&()> getPanel;  ///< of the view that is meant
+        std::function<wxSize()> getViewSize;                 ///< its pixels
+    };
+    /// Makes the dialog, or shows the one there is.
+    static ImgSequenceGUI_cls& Open(wxWindow& parent, const Links& links);
+
+    bool IsSaving() const { return mChild.IsRunning(); }
+
+  private:
+    enum Range : int { kThisFrame, kWorkArea, kWholeScene, kOwnRange };
+
+    ImgSequenceGUI_cls(wxWindow& parent, const Links& links);
+    ~ImgSequenceGUI_cls() override;
+
+    void AddNames();
+    void AddFrames();
+    void AddSize();
+    wxSizer* MakeProgress();
+    wxSizer* MakeButtons();
+    void ChooseFile();
+    void ShowRange();
+    void ShowSize(wxSize size);
+    bool ReadEntries();
+    void SaveAll();
+    void PauseOrGoOn();
+    void OnTick();
+    void ShowState();
+    wxString DescribeEnd() const;
+
+    const Links mLinks;
+    ImgSequence_cls mSequence;
+    RenderProcess_cls mChild;
+    wxString mProject;  ///< the copy that the child draws
+    wxTimer mTimer;
+    wxStopWatch mWatch;
+    bool mWasRunning = false;
+
+    EntryGrid_cls mGrid;
+    wxTextCtrl* mPattern = nullptr;
+    wxCheckBox* mFilm = nullptr;
+    wxTextCtrl* mMovie = nullptr;
+    wxCheckBox* mKeep = nullptr;
+    wxChoice* mRange = nullptr;
+    EntryGrid_cls::Entry* mFirst = nullptr;
+    EntryGrid_cls::Entry* mLast = nullptr;
+    EntryGrid_cls::Entry* mStep = nullptr;
+    EntryGrid_cls::Entry* mWidth = nullptr;
+    EntryGrid_cls::Entry* mHeight = nullptr;
+    wxGauge* mGauge = nullptr;
+    wxStaticText* mStatus = nullptr;
+    wxButton* mSave = nullptr;
+    wxButton* mPause = nullptr;
+    wxButton* mCancel = nullptr;
+};
