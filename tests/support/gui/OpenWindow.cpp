@@ -26,7 +26,7 @@ OpenWindow_cls::OpenWindow_cls(const std::vector<std::string>& arguments) {
     // Window managers are wary of windows that no user has asked for.
     User_cls().Click(
         OnGui([this] { return ScreenRect(*Frame()->GetStatusBar()).GetPosition() + wxPoint(20, 8); }));
-    WaitFor([this] { return Frame()->IsActive(); });
+    WaitFor([this] { return Frame()->IsActive(); }, 3000);
 }
 
 OpenWindow_cls::~OpenWindow_cls() {
