@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, makes the demo data once and shows them.
-# usage: ./run.sh            (numbers of particles and frames can be set: PARTICLES=20000 FRAMES=0:10 ./run.sh)
+# Installs what is missing, builds, makes the demo data once and shows the demo: in the window, or, where there
+# is no display, as pictures.
+# usage: ./run.sh            (numbers of particles and frames can be set: PARTICLES=20000 FRAMES=0:59 ./run.sh)
 set -euo pipefail
 cd "$(dirname "$0")"
 mkdir -p build
@@ -20,9 +21,17 @@ if [ ! -f "$data/complete" ]; then
     build/release/examples/makegalaxies --particles "$particles" "$data" || fail "the demo data"
     touch "$data/complete"
 fi
+# Beside its data, which it names without a folder.
+cp examples/galaxies.vhp "$data/galaxies.vhp"
 
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    build/release/varnholt3 "$data/galaxies.vhp" || fail "the window (without DISPLAY set, pictures are made)"
+    echo "OK"
+    exit 0
+fi
 pictures=demo/pictures
 mkdir -p "$pictures"
-build/release/varnholt3 --no-config --quiet --render "$pictures/galaxies%04d.png" --frames "${FRAMES:-0:100}" \
-    "$data/galaxies0000.dat" || fail "the pictures"
+echo "no display: drawing the demo film into pictures"
+build/release/varnholt3 --no-config --quiet --render "$pictures/galaxies%04d.png" --frames "${FRAMES:-0:239}" \
+    "$data/galaxies.vhp" || fail "the pictures"
 echo "OK: the demo's pictures are in $PWD/$pictures"

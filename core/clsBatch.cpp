@@ -19,8 +19,7 @@
 #include "seam/clsUserMessage.h"
 
 Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
-    : mProgramFolder(programFolder),
-      mLine(std::move(line)),
+    : mLine(std::move(line)),
       mMain(programFolder),
       mProject(mMain.GetProjectFile()),
       mSource(mMain, mLine.mVerbose) {
@@ -191,7 +190,9 @@ int Batch_cls::Pov() {
     if (!HasData() || !IsNumberedByOne()) return kFailed;
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
-    switch (PovJob_cls(mMain, mSource, mLine, *frames, mProgramFolder).Run()) {
+    if (!mLine.mIsSizeGiven) mLine.mHeight = mMain.GetPovRayCtrl().GetFormat().GetSize().y;
+    ApplyFirstLook();
+    switch (PovJob_cls(mMain, mSource, mLine, *frames).Run()) {
         case PovJob_cls::Result::Interrupted:
             return kInterrupted;
         case PovJob_cls::Result::Failed:

@@ -42,7 +42,6 @@ class Batch_cls {
     /// The exit status of a job that went to its end.
     int Outcome() const;
 
-    const wxString mProgramFolder;
     CommandLine_cls mLine;
     Main_cls mMain;
     ProjectFile_cls& mProject;

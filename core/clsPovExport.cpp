@@ -3,8 +3,7 @@
 #include "core/clsMain.h"
 #include "pov/clsPovScene.h"
 
-PovExport_cls::PovExport_cls(Main_cls& main, StateSource source, const wxString& programFolder)
-    : mMain(main), mSource(std::move(source)), mProgramFolder(programFolder) {
+PovExport_cls::PovExport_cls(Main_cls& main, StateSource source) : mMain(main), mSource(std::move(source)) {
     mMain.GetPovRayCtrl().SetSceneWriter(
         [this](int frame, const wxString& name, bool first, const PovRayCtrl_cls::Progress& progress) {
             return WriteScene(frame, name, first, progress);
@@ -37,7 +36,6 @@ wxString PovExport_cls::WriteScene(int frame, const wxString& name, bool first,
                              .mState = mSource(timeline.GetRemappedIndexDouble(frame, 0)),
                              .mWidth = size.x,
                              .mHeight = size.y};
-    const auto resource = [this](const wxString& file) { return mProgramFolder + "/" + file; };
-    return PovScene_cls({mMain.GetSceneLinks(), mMain.GetPovRayCtrl(), mMain.GetCameraPath(), resource})
+    return PovScene_cls({mMain.GetSceneLinks(), mMain.GetPovRayCtrl(), mMain.GetCameraPath()})
         .Write(view, frame, name, first, progress);
 }

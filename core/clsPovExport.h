@@ -17,8 +17,7 @@ class PovExport_cls {
     /// The particles of a data position; null where there are none.
     using StateSource = std::function<const SnapData_cls*(double position)>;
 
-    /// The folder of the program holds the camera template and the textures.
-    PovExport_cls(Main_cls& main, StateSource source, const wxString& programFolder);
+    PovExport_cls(Main_cls& main, StateSource source);
     ~PovExport_cls();
     PovExport_cls(const PovExport_cls&) = delete;
     PovExport_cls& operator=(const PovExport_cls&) = delete;
@@ -30,6 +29,5 @@ class PovExport_cls {
 
     Main_cls& mMain;
     const StateSource mSource;
-    const wxString mProgramFolder;
     std::optional<PositionAndDirection_cls> mFitted;
 };

@@ -29,13 +29,12 @@ std::vector<int> ListOf(const FrameRange_cls& range) {
 }  // namespace
 
 PovJob_cls::PovJob_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-                       const FrameRange_cls& frames, const wxString& programFolder)
+                       const FrameRange_cls& frames)
     : mMain(main),
       mSource(source),
       mLine(line),
       mFrames(ListOf(frames)),
-      mExport(
-          main, [&source](double position) { return source.Prepare(position); }, programFolder),
+      mExport(main, [&source](double position) { return source.Prepare(position); }),
       mProgress(static_cast<int>(mFrames.size()), line.mQuiet) {
     PovRayCtrl_cls& control = mMain.GetPovRayCtrl();
     control.mPathPovWork.SetText(line.mFolder);

@@ -14,7 +14,7 @@ class FrameSource_cls;
 class PovJob_cls {
   public:
     PovJob_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-               const FrameRange_cls& frames, const wxString& programFolder);
+               const FrameRange_cls& frames);
     ~PovJob_cls();
 
     enum class Result { Done, Failed, Interrupted };

@@ -8,7 +8,10 @@
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
-    : mLine(line), mMain(programFolder), mContext(MakeContext()) {
+    : mLine(line),
+      mMain(programFolder),
+      mPovExport(mMain, [this](double position) { return mMain.PrepareState(position); }),
+      mContext(MakeContext()) {
     Icons_cls::SetFolder(programFolder + "/ICONS");
 }
 
@@ -57,6 +60,7 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .cleanUpMemory = [&main](int snapshot) { main.CleanUpMemory(snapshot); },
             .waitThreadFinish = [&main] { main.WaitThreadFinish(); },
             .applyPreferences = [&main] { main.ApplyPreferences(); },
+            .isPovrayCondistionSatisfiled = [&main] { return main.IsPovrayCondistionSatisfiled(); },
             .quit = [&main] { return main.QuitProcess(); },
             .keepsUserSettings = !mLine.mConfig || !mLine.mConfig->empty()};
 }

@@ -7,6 +7,7 @@
 
 #include "core/clsCommandLine.h"
 #include "core/clsMain.h"
+#include "core/clsPovExport.h"
 #include "gui/clsFrameContext.h"
 
 class FrameMain_cls;
@@ -35,6 +36,7 @@ class WindowSession_cls {
 
     const CommandLine_cls mLine;
     Main_cls mMain;
+    PovExport_cls mPovExport;
     FrameContext_cls mContext;
     wxWeakRef<FrameMain_cls> mFrame;
 };

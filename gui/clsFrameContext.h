@@ -64,6 +64,8 @@ struct FrameContext_cls {
     std::function<void()> waitThreadFinish;
     /// Hands changed preferences on to what works by them.
     std::function<void()> applyPreferences;
+    /// Before the ray tracer's files are written: asks whether to go on where no light shines.
+    std::function<bool()> isPovrayCondistionSatisfiled;
     /// Writes the configuration file.
     std::function<bool()> quit;
     /// False when the user's files are neither to be read nor written.

@@ -133,10 +133,15 @@ void FrameMain_cls::PlaceWindow() {
     }
     const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
     const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
-    // Distances from the far end need the sizes that the window manager grants.
-    CallAfter([this, sash, pages] {
+    const auto place = [this, sash, pages] {
+        Layout();
         mHalves->SetSashPosition(sash);
         if (mTop->IsSplit()) mTop->SetSashPosition(pages);
+    };
+    place();
+    // Once more with the size that the window manager grants.
+    CallAfter([this, place] {
+        place();
         mViews->GetCanvas(0).SetFocus();
     });
 }

@@ -6,6 +6,7 @@
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameContext.h"
 #include "gui/clsInformationGUI.h"
+#include "gui/clsPovRayGUI.h"
 #include "gui/clsSceneGUI.h"
 #include "gui/clsTimelinePanel.h"
 
@@ -35,6 +36,7 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
          OpenInformation},
         {Menu::Data, _("&Periodic Boundary Condition..."), _("The box of periodic data"),
          OpenPeriodicBoundary},
+        {Menu::Render, _("&POV-Ray..."), _("Ray-traced pictures: options, scenes and renders"), OpenPovRay},
         {Menu::Animation, _("&Scene..."), _("Scene length, work area, and what happens to keys"),
          [](wxWindow* parent, FrameContext_cls& context) {
              SceneGUI_cls(parent, context.timeCtrl, context.seqCtrl.GetActive().GetSeqLength()).ShowModal();

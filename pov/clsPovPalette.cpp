@@ -29,7 +29,7 @@ PovPalette_cls::Key PovPalette_cls::KeyOf(const PovLook_cls& look) const {
     const float alpha = std::max(look.color[3], 1e-7F);
     const auto alphaCode = static_cast<uint64_t>(0.5F - std::log2(alpha) * alphaSteps);
     const auto flags = static_cast<uint64_t>(look.kind) | static_cast<uint64_t>(look.attribute) << 2U |
-                       static_cast<uint64_t>(look.isAdditive ? 1 : 0) << 10U;
+                       static_cast<uint64_t>(look.isAdditive ? 1 : 0) << 10U | uint64_t{1} << 11U;
     return {code(look.color[0]) << 48U | code(look.color[1]) << 32U | code(look.color[2]) << 16U | alphaCode,
             code(look.ambient[0]) << 48U | code(look.ambient[1]) << 32U | code(look.ambient[2]) << 16U |
                 code(look.specular[0]),
@@ -41,10 +41,15 @@ uint32_t PovPalette_cls::Find(PovLook_cls look) {
     for (float& value : look.ambient) value = Clamped(value);
     for (float& value : look.specular) value = Clamped(value);
     if (!mLooks.empty() && look == mLast) return mLastNumber;
-    const auto number = static_cast<uint32_t>(mLooks.size());
-    const auto [place, isNew] = mNumbers.try_emplace(KeyOf(look), number);
-    if (isNew) mLooks.push_back(look);
+    const Key key = KeyOf(look);
+    Recent& recent = mRecent[Hash()(key) % mRecent.size()];
+    if (recent.key != key) {
+        const auto number = static_cast<uint32_t>(mLooks.size());
+        const auto [place, isNew] = mNumbers.try_emplace(key, number);
+        if (isNew) mLooks.push_back(look);
+        recent = {key, place->second};
+    }
     mLast = look;
-    mLastNumber = place->second;
+    mLastNumber = recent.number;
     return mLastNumber;
 }

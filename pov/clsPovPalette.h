@@ -48,6 +48,12 @@ class PovPalette_cls {
     bool mIsFine;
     std::vector<PovLook_cls> mLooks;
     std::unordered_map<Key, uint32_t, Hash> mNumbers;
+    /// Numbers found lately, so that most particles need no search. No key is all zeros.
+    struct Recent {
+        Key key{};
+        uint32_t number = 0;
+    };
+    std::vector<Recent> mRecent{1024};
     PovLook_cls mLast;  ///< neighbours in a file often look alike
     uint32_t mLastNumber = 0;
 };

@@ -6,6 +6,7 @@
 
 #include "pov/clsPovText.h"
 #include "render/clsDrawOption.h"
+#include "render/clsGLDrawBillboard.h"
 #include "render/clsThinning.h"
 #include "seam/clsTextCoding.h"
 
@@ -13,6 +14,10 @@ namespace {
 
 /// Particles between two looks at the progress.
 constexpr size_t kRound = 1 << 16;
+
+constexpr size_t kAhead = 16;
+/// Smaller radii need more digits than seven behind the point.
+constexpr float kCoarseRadius = 1e-3F;
 
 /// What adds to its background lets all but this share of it through. So small that hundreds of layers
 /// leave the background as it is, and large enough for the numbers of the renderer.
@@ -22,7 +27,7 @@ constexpr float kClear = 1e-4F;
 constexpr float kLeastDiffuse = 1e-3F;
 
 /// Of the highlights, as the view has them: the power of the cosine.
-constexpr double kShininess = 40.0;
+constexpr double kShininess = 32.0;
 
 /// A sphere larger than this, in scene lengths, is as good as flat.
 constexpr double kLargestRadius = 1e6;
@@ -97,12 +102,32 @@ PovParticles_cls::PovParticles_cls(const SnapData_cls& state, const DrawAttribut
     const auto form = flat ? Thinning_cls::Form::Unclamped : Thinning_cls::Form::Clamped;
     mRadiusStep = Thinning_cls::GetRadiusFactor(state.GetStride(), form);
     mAlphaStep = Thinning_cls::GetAlphaFactor(state.GetStride(), form);
+    if (isAlone) AdjustAlpha(*attributes[0]);
+}
+
+void PovParticles_cls::AdjustAlpha(GLAttribute_cls& attribute) {
+    const GLAttribute_cls::Alpha alpha = attribute.GetAlpha();
+    const bool isConstant = alpha.type != SnapAttribute_cls::kDependOnRadius;
+    const bool hasCurve = attribute.GetCurve(SnapAttribute_cls::kColor).IsOn();
+    const size_t drawn = CountDrawn();
+    if (mBrushes[0].kind == PovLook_cls::Kind::Billboard && isConstant && hasCurve &&
+        drawn > GLDrawBillboard_cls::kLargestSingle) {
+        mAlphaStep *= alpha.factor;  // large scenes of billboards have the factor twice, and always had
+    }
+    if (mBrushes[0].kind == PovLook_cls::Kind::Glow && !isConstant && !hasCurve) {
+        // One colour for all points, whatever their radius: the factor in place of the squared base.
+        const float base = alpha.dependBase * alpha.dependBase;
+        mAlphaStep *= base > 0.0F ? alpha.factor / base : 0.0F;
+        mBrushes[0].hasFlatAlpha = true;
+    }
 }
 
 void PovParticles_cls::Prepare(Brush& brush, GLAttribute_cls& attribute, bool isAlone) {
     brush.attribute = &attribute;
     brush.isAdditive = attribute.mBlendType.mValue == GLAttribute_cls::kAdditive;
-    brush.pointRadius = 0.5F * static_cast<float>(std::max(attribute.mPointSize.mValue, 1));
+    // The view's points are squares; a sphere that covers as much looks the same from some distance.
+    brush.pointRadius =
+        static_cast<float>(std::max(attribute.mPointSize.mValue, 1) * std::numbers::inv_sqrtpi);
     switch (attribute.mDrawType.mValue) {
         case SnapAttribute_cls::kPoint:
             brush.kind = PovLook_cls::Kind::Glow;
@@ -114,7 +139,10 @@ void PovParticles_cls::Prepare(Brush& brush, GLAttribute_cls& attribute, bool is
             brush.kind = PovLook_cls::Kind::Sphere;
             break;
         case SnapAttribute_cls::kBoth:
-            if (!isAlone) brush.kind = PovLook_cls::Kind::Sphere;
+            // A single attribute draws nothing for this kind.
+            if (isAlone) break;
+            brush.kind = PovLook_cls::Kind::Sphere;
+            brush.hasBillboardToo = true;
             break;
         default:
             break;
@@ -129,15 +157,16 @@ void PovParticles_cls::Prepare(Brush& brush, GLAttribute_cls& attribute, bool is
         Brush::Curve& own = brush.material[k];
         own.curve.emplace(curve);
         for (size_t c = 0; c < 4; ++c) own.constant[c] = curve.mConstantColor.mValue[c];
-        if (curve.IsOn()) const_cast<SnapData_cls&>(mState).SetPValue1(&own.values, snap, kMaterial[k]);
+        if (curve.IsOn()) mState.SetPValue1(&own.values, snap, kMaterial[k]);
     }
 }
 
-PovLook_cls PovParticles_cls::LookOf(const Brush& brush, size_t i, float radius) const {
+PovLook_cls PovParticles_cls::LookOf(const Brush& brush, PovLook_cls::Kind kind, size_t i,
+                                     float radius) const {
     PovLook_cls look;
-    look.kind = *brush.kind;
+    look.kind = kind;
     look.isAdditive = brush.isAdditive;
-    if (look.kind == PovLook_cls::Kind::Sphere) {
+    if (kind == PovLook_cls::Kind::Sphere) {
         const auto ambient = brush.material[0].At(i);
         const auto diffuse = brush.material[1].At(i);
         const auto specular = brush.material[2].At(i);
@@ -147,26 +176,50 @@ PovLook_cls PovParticles_cls::LookOf(const Brush& brush, size_t i, float radius)
             look.specular[c] = specular[c];
         }
         look.color[3] = diffuse[3] * brush.attribute->mAlphaFactor.mValue * mAlphaStep;
-        look.isAdditive = false;
         return look;
     }
     const float* color = mState.GetColor() + 4 * i;
     for (size_t c = 0; c < 3; ++c) look.color[c] = color[c];
-    look.color[3] = brush.attribute->GetDrawnAlpha(color[3], radius, mAlphaStep);
-    if (look.kind == PovLook_cls::Kind::Billboard)
+    look.color[3] = brush.hasFlatAlpha ? color[3] * mAlphaStep
+                                       : brush.attribute->GetDrawnAlpha(color[3], radius, mAlphaStep);
+    if (kind == PovLook_cls::Kind::Billboard)
         look.attribute = static_cast<uint8_t>(brush.attribute->GetIndex());
     return look;
+}
+
+size_t PovParticles_cls::CountDrawn() const {
+    const auto stride = static_cast<size_t>(std::max(mState.GetStride(), 1));
+    return (static_cast<size_t>(mState.GetCount()) + stride - 1) / stride;
+}
+
+void PovParticles_cls::Add(const Brush& brush, PovLook_cls::Kind kind, size_t i, const Vector3& place,
+                           const View& view) {
+    const float dataRadius = brush.attribute->GetDrawnRadius(mState.GetRadius()[i], mRadiusStep);
+    const double depth = view.camera.GetDepth(place);
+    const double radius = kind == PovLook_cls::Kind::Glow
+                              ? brush.pointRadius * view.camera.GetPixel(depth)
+                              : std::min(dataRadius * view.space.scale, kLargestRadius);
+    const bool isDeep = kind == PovLook_cls::Kind::Sphere;
+    if (!(radius > 0.0) || !view.camera.IsInRange(depth, isDeep ? radius : 0.0)) return;
+    const PovLook_cls look = LookOf(brush, kind, i, dataRadius);
+    if (!(look.color[3] > 0.0F)) return;
+    const Item item = {Floats(place), static_cast<float>(radius), mPalette.Find(look)};
+    if (kind != PovLook_cls::Kind::Billboard) {
+        mItems.push_back(item);
+        return;
+    }
+    mBillboards.push_back(item);
+    if (mFacings.empty() || view.camera.IsRound()) mFacings.push_back(view.camera.GetFacing(place));
 }
 
 bool PovParticles_cls::Gather(const PovCamera_cls& camera, const PovSpace_cls& space,
                               const Progress& progress) {
     const auto stride = static_cast<size_t>(std::max(mState.GetStride(), 1));
-    const size_t count = (static_cast<size_t>(mState.GetCount()) + stride - 1) / stride;
     const float* positions = mState.GetPosition();
-    const float* radii = mState.GetRadius();
     const uint8_t* types = mState.GetType();
-    mItems.reserve(count);
-    return ForEach(count, 0.0, 0.3, progress, [&](size_t drawn) {
+    const View view{camera, space};
+    mItems.reserve(CountDrawn());
+    return ForEach(CountDrawn(), 0.0, 0.3, progress, [&](size_t drawn) {
         const size_t i = drawn * stride;
         const Brush& brush = mBrushes[types[i] < mBrushes.size() ? types[i] : 0];
         const float* p = positions + 3 * i;
@@ -174,22 +227,8 @@ bool PovParticles_cls::Gather(const PovCamera_cls& camera, const PovSpace_cls& s
         const Vector3 data = {static_cast<double>(p[0]), static_cast<double>(p[1]),
                               static_cast<double>(p[2])};
         const Vector3 place = space.IsPlain() ? data : space.Of(data);
-        const double depth = camera.GetDepth(place);
-        const float dataRadius = brush.attribute->GetDrawnRadius(radii[i], mRadiusStep);
-        const bool isPoint = *brush.kind == PovLook_cls::Kind::Glow;
-        double radius = isPoint ? brush.pointRadius * camera.GetPixel(depth)
-                                : std::min(static_cast<double>(dataRadius) * space.scale, kLargestRadius);
-        const bool isSphere = *brush.kind == PovLook_cls::Kind::Sphere;
-        if (!(radius > 0.0) || !camera.IsInRange(depth, isSphere ? radius : 0.0)) return;
-        const PovLook_cls look = LookOf(brush, i, dataRadius);
-        if (look.IsTransparent() && !(look.color[3] > 0.0F)) return;
-        const Item item = {Floats(place), static_cast<float>(radius), mPalette.Find(look)};
-        if (*brush.kind != PovLook_cls::Kind::Billboard) {
-            mItems.push_back(item);
-            return;
-        }
-        mBillboards.push_back(item);
-        if (mFacings.empty() || camera.IsRound()) mFacings.push_back(camera.GetFacing(place));
+        Add(brush, *brush.kind, i, place, view);
+        if (brush.hasBillboardToo) Add(brush, PovLook_cls::Kind::Billboard, i, place, view);
     });
 }
 
@@ -215,14 +254,18 @@ void PovParticles_cls::WriteTexture(PovText_cls& text, const PovLook_cls& look,
             ambient[c] = look.ambient[c] / diffuse[c];
             specular[c] = look.specular[c] * lighting.specularPerDiffuse[c];
         }
-        const Highlight_cls highlight = FitHighlight(diffuse, specular);
-        text << "texture { pigment { rgbt <" << diffuse[0] << ',' << diffuse[1] << ',' << diffuse[2] << ','
-             << 1.0F - alpha << "> } finish { ambient rgb " << Floats(ambient) << " diffuse 1 specular "
+        Highlight_cls highlight = FitHighlight(diffuse, specular);
+        // Highlights are not dimmed by transparency, and those of the material's colour are as strong as it.
+        if (look.isAdditive) highlight = {(specular[0] + specular[1] + specular[2]) / 3.0, 0.0};
+        const float strength = look.isAdditive ? alpha / kClear : 1.0F;
+        text << "texture { pigment { rgbt <" << diffuse[0] * strength << ',' << diffuse[1] * strength << ','
+             << diffuse[2] * strength << ',' << (look.isAdditive ? 1.0F - kClear : 1.0F - alpha)
+             << "> } finish { ambient rgb " << Floats(ambient) << " diffuse 1 specular "
              << static_cast<float>(highlight.strength) * alpha << " roughness "
              << static_cast<float>(1.0 / kShininess) << " metallic " << static_cast<float>(highlight.metallic)
              << " } }";
         // The far side of a sphere would be seen through the near one, once more than in the view.
-        if (alpha < 1.0F) text << " interior_texture { pigment { rgbt 1 } finish { Glow } }";
+        if (look.IsTransparent()) text << " interior_texture { pigment { rgbt 1 } finish { Glow } }";
         if (lighting.hasPhotons) text << " photons { target reflection on refraction on }";
     } else {
         // A ray passes the surface twice, and both together are to have the wanted alpha.
@@ -246,11 +289,20 @@ bool PovParticles_cls::WriteSpheres(PovText_cls& text, const Lighting& lighting,
 
     size_t group = 0;
     const bool completed = ForEach(order.size(), 0.3, 0.8, progress, [&](size_t place) {
+        // Particles of one look lie far apart in memory: the next ones are fetched while this one is written.
+        if (place + kAhead < order.size()) __builtin_prefetch(&mItems[order[place + kAhead]]);
         const Item& item = mItems[order[place]];
         group = item.look;
         const bool isUnion = begins[group + 1] - begins[group] > 1;
         if (isUnion && place == begins[group]) text << "union {\n";
-        text << "sphere{" << item.position << ',' << item.radius << (isUnion ? "}\n" : " ");
+        text << "sphere{";
+        text.Fixed(item.position) << ',';
+        if (item.radius >= kCoarseRadius) {
+            text.Fixed(static_cast<double>(item.radius));
+        } else {
+            text << item.radius;
+        }
+        text << (isUnion ? "}\n" : " ");
         if (place + 1 < begins[group + 1]) return;
         WriteTexture(text, mPalette.GetLooks()[group], lighting);
         text << " }\n";
@@ -271,7 +323,8 @@ bool PovParticles_cls::WriteBillboards(PovText_cls& text, const SpriteSource& sp
             for (size_t c = 0; c < 3; ++c)
                 corner[c] = item.position[c] +
                             static_cast<double>(item.radius) * (x * facing.right[c] + y * facing.up[c]);
-            text << ",\n" << Floats(corner);
+            text << ",\n";
+            text.Fixed(Floats(corner));
         }
     });
     if (!completed) return false;

@@ -57,6 +57,8 @@ class PovParticles_cls {
     struct Brush {
         std::optional<PovLook_cls::Kind> kind;
         const GLAttribute_cls* attribute = nullptr;
+        bool hasBillboardToo = false;
+        bool hasFlatAlpha = false;  ///< alpha does not depend on the radius, whatever the attribute says
         bool isAdditive = false;
         float pointRadius = 0.0F;  ///< in pixels
         struct Curve {
@@ -76,7 +78,15 @@ class PovParticles_cls {
     };
 
     void Prepare(Brush& brush, GLAttribute_cls& attribute, bool isAlone);
-    PovLook_cls LookOf(const Brush& brush, size_t i, float radius) const;
+    /// Rules of a single attribute that differ from those of all together.
+    void AdjustAlpha(GLAttribute_cls& attribute);
+    size_t CountDrawn() const;
+    struct View {
+        const PovCamera_cls& camera;
+        const PovSpace_cls& space;
+    };
+    void Add(const Brush& brush, PovLook_cls::Kind kind, size_t i, const Vector3& place, const View& view);
+    PovLook_cls LookOf(const Brush& brush, PovLook_cls::Kind kind, size_t i, float radius) const;
     bool WriteSpheres(PovText_cls& text, const Lighting& lighting, const Progress& progress) const;
     void WriteTexture(PovText_cls& text, const PovLook_cls& look, const Lighting& lighting) const;
     bool WriteBillboards(PovText_cls& text, const SpriteSource& sprites, const Progress& progress) const;

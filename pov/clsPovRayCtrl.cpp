@@ -13,11 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool Exists(const wxString& path) {
-    std::error_code error;
-    return !path.empty() && fs::exists(fs::path(ToBytes(path)), error);
-}
-
 /// The renderer reads no other names, on its command line or in its option files.
 bool IsReadable(const wxString& path) {
     return ShellCommand_cls::IsHarmless(path);
@@ -114,18 +109,15 @@ wxString PovRayCtrl_cls::GetPovRayCommand(const wxString& name) const {
            ShellCommand_cls::Quote(rest.empty() ? ini : rest);
 }
 
-bool PovRayCtrl_cls::IsRendererThere() const {
-    return Exists(mPathPovRay.GetValueText());
-}
-
-bool PovRayCtrl_cls::IsWorkFolderThere() const {
-    return Exists(mPathPovWork.GetValueText());
+bool PovRayCtrl_cls::IsThere(const wxString& path) {
+    std::error_code error;
+    return !path.empty() && fs::exists(fs::path(ToBytes(path)), error);
 }
 
 bool PovRayCtrl_cls::ConfirmPaths() const {
     wxString warnings;
-    for (const bool there : {IsRendererThere(), IsWorkFolderThere()}) {
-        if (!there) warnings += "Path discrepancy.\n";
+    for (const ConfItemSTR_cls* path : {&mPathPovRay, &mPathPovWork}) {
+        if (!IsThere(path->GetValueText())) warnings += "Path discrepancy.\n";
     }
     return warnings.empty() ||
            UserMessage_cls::AskYesNo("Warning", warnings + "Above warnings detected. Continue?");

@@ -71,8 +71,7 @@ class PovRayCtrl_cls {
 
     // Checks
 
-    bool IsRendererThere() const;
-    bool IsWorkFolderThere() const;
+    static bool IsThere(const wxString& path);
     /// Asks whether to go on where a path is missing; true when none is.
     bool ConfirmPaths() const;
     /// Empty, or why nothing can be written or rendered with these settings, whatever the user says.
@@ -93,6 +92,7 @@ class PovRayCtrl_cls {
     void SetProgress(Progress progress) { mProgress = std::move(progress); }
     /// Run by the shell after each renderer; not kept in projects.
     void SetPostSceneCommand(const wxString& command) { mPostSceneCommand = command; }
+    const wxString& GetPostSceneCommand() const { return mPostSceneCommand; }
 
     /// Scene and option file of a frame. Empty, or what went wrong.
     wxString Export(int frame, Series series, bool first = true) const;

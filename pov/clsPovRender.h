@@ -1,6 +1,10 @@
 #pragma once
 
+#include <vector>
+
 #include "CONFITEM/clsConfItemList.h"
+
+class TimeSettings_cls;
 
 /// Which frames an animation render covers. Owned by PovRayCtrl_cls. Threads: GUI thread. Units: frames.
 class PovRender_cls {
@@ -12,6 +16,8 @@ class PovRender_cls {
     PovRender_cls& operator=(const PovRender_cls&) = delete;
 
     void SetToDefault();
+    /// The frames of the region, in order; those that the scene does not have are left out.
+    std::vector<int> GetFrames(const TimeSettings_cls& timeline) const;
 
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }

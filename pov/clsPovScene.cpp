@@ -16,11 +16,15 @@
 #include "render/clsPanelShared.h"
 #include "scene/clsCameraPath.h"
 #include "scene/clsLightSRCCtrl.h"
+#include "seam/clsResourcePath.h"
 #include "seam/clsTextCoding.h"
 
 namespace {
 
 constexpr const char* kTemplate = "Resource/cameratemplate.pov";
+constexpr const char* kDefaultSprite = "Texture/ParticleA.png";
+/// What reaches all sides without any light, as OpenGL has it.
+constexpr double kAmbientOfAll = 0.2;
 /// How far away a light from a direction stands, in scene lengths: beyond all that is drawn.
 constexpr double kFarLight = 1e6;
 /// Layers that a ray may pass. The renderer calls itself for each, and its stack ends at some 280.
@@ -31,22 +35,6 @@ constexpr int kMostLayers = 200;
 constexpr const char* kDeclarations =
     "#declare Glow = finish { ambient 0 diffuse 0 emission 1 }\n"
     "#declare Layer = interior { ior 1.00001 }\n";
-
-/// Stands in for a texture that cannot be used.
-wxImage SoftDisc() {
-    constexpr int kSide = 64;
-    wxImage image(kSide, kSide);
-    image.SetRGB({0, 0, kSide, kSide}, 255, 255, 255);
-    image.SetAlpha();
-    for (int y = 0; y < kSide; ++y) {
-        for (int x = 0; x < kSide; ++x) {
-            const double r = std::hypot(x + 0.5 - kSide / 2, y + 0.5 - kSide / 2) / (kSide / 2);
-            const double fall = std::max(0.0, 1.0 - r * r);
-            image.SetAlpha(x, y, static_cast<unsigned char>(std::lround(255.0 * fall * fall)));
-        }
-    }
-    return image;
-}
 
 /// The colour of what can be seen of an image.
 std::array<float, 3> MeanColor(const wxImage& image) {
@@ -96,7 +84,7 @@ wxString PovScene_cls::GetExpressions(bool inSteps, double time) const {
 }
 
 wxString PovScene_cls::GetCommonText(std::string* text) const {
-    const wxString file = mLinks.resource(kTemplate);
+    const wxString file = ResourcePath_cls::Find(kTemplate);
     std::ifstream stream(ToBytes(file), std::ios::binary);
     std::ostringstream cameras;
     cameras << stream.rdbuf();
@@ -116,7 +104,9 @@ wxString PovScene_cls::GetCommonText(std::string* text) const {
     return {};
 }
 
-void PovScene_cls::WriteLights(PovText_cls& text, double time, const PovSpace_cls& space) const {
+void PovScene_cls::WriteLights(PovText_cls& text, const SceneView_cls& view,
+                               const PovSpace_cls& space) const {
+    const double time = view.mTime;
     const bool hasShadows = mLinks.view.option.mShadow.mValue == DrawOption_cls::kShadowVolume;
     for (int i = 0; i < LightSRCCtrl_cls::kLights; ++i) {
         const LightSRC_cls& light = mLinks.view.lights.GetLight(i);
@@ -126,8 +116,12 @@ void PovScene_cls::WriteLights(PovText_cls& text, double time, const PovSpace_cl
         if (placed) {
             from = space.Of(from);
         } else {
-            const double length = std::hypot(from[0], from[1], from[2]);
-            if (!(length > 0.0)) continue;
+            double length = std::hypot(from[0], from[1], from[2]);
+            if (!(length > 0.0)) {
+                // A light from nowhere comes from the camera.
+                from = view.mCamera.mPose.mDirection;
+                length = -std::hypot(from[0], from[1], from[2]);
+            }
             for (double& c : from) c *= kFarLight / length;
         }
         text << "light_source { " << from << " color rgb " << light.GetVector(LightSRC_cls::kDiffuse, time);
@@ -139,6 +133,7 @@ void PovScene_cls::WriteLights(PovText_cls& text, double time, const PovSpace_cl
 
 PovParticles_cls::Lighting PovScene_cls::GetLighting(double time) const {
     PovParticles_cls::Lighting lighting;
+    lighting.ambient.fill(kAmbientOfAll);
     lighting.hasPhotons = mLinks.control.GetPhotons().IsOn();
     Vector3 diffuse{};
     Vector3 specular{};
@@ -164,10 +159,12 @@ PovParticles_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString&
     const wxString file = owner->mTexFileBillboard.GetValueText();
     wxImage image;
     const wxLogNull quiet;
-    image.LoadFile(mLinks.resource(file));
+    image.LoadFile(ResourcePath_cls::Find(file));
+    // The view stands in with a sprite like the one that comes with the program.
+    if (!image.IsOk() || !image.HasAlpha()) image.LoadFile(ResourcePath_cls::Find(kDefaultSprite));
     PovParticles_cls::Sprite sprite;
     sprite.file = wxString::Format("Billboard%d.png", attribute);
-    if (!image.IsOk() || !image.HasAlpha()) image = SoftDisc();
+    if (!image.IsOk() || !image.HasAlpha()) return sprite;
     sprite.tint = MeanColor(image);
     image.SaveFile(folder + sprite.file, wxBITMAP_TYPE_PNG);
     return sprite;
@@ -219,7 +216,7 @@ wxString PovScene_cls::Write(const SceneView_cls& view, int frame, const wxStrin
         if (particles && particles->IsAnyTransparent()) text << " max_trace_level " << kMostLayers;
         text << " }\n";
         camera.Write(text);
-        WriteLights(text, view.mTime, space);
+        WriteLights(text, view, space);
         const auto sprite = [&](int attribute) { return MakeSprite(attribute, folder); };
         if (particles && !particles->Write(text, lighting, sprite, progress)) return kCancelled;
         if (control.mTweaks.mValue)

@@ -23,8 +23,6 @@ class PovScene_cls {
         ScenePass_cls::Links view;
         const PovRayCtrl_cls& control;
         const CameraPath_cls& camera;
-        /// A file that lies beside the program, by its name there.
-        std::function<wxString(const wxString& name)> resource;
     };
     static constexpr const char* kCommonName = "CommonScene.pov";
     /// What an export says when the progress ended it.
@@ -40,7 +38,7 @@ class PovScene_cls {
   private:
     wxString GetCommonText(std::string* text) const;
     wxString GetExpressions(bool inSteps, double time) const;
-    void WriteLights(PovText_cls& text, double time, const PovSpace_cls& space) const;
+    void WriteLights(PovText_cls& text, const SceneView_cls& view, const PovSpace_cls& space) const;
     PovParticles_cls::Lighting GetLighting(double time) const;
     /// Writes the billboard texture of an attribute into the folder of the scene: the renderer may read
     /// nothing else.

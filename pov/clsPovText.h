@@ -2,6 +2,8 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
+#include <cstdint>
 #include <string_view>
 #include <type_traits>
 
@@ -42,6 +44,32 @@ class PovText_cls {
     template <class Number>
     PovText_cls& operator<<(const std::array<Number, 3>& vector) {
         return *this << '<' << vector[0] << ',' << vector[1] << ',' << vector[2] << '>';
+    }
+    /// Seven digits behind the point: several times as fast as the shortest form, and fine
+    /// enough for places of a scene that lies near the origin.
+    void Fixed(double number) {
+        constexpr double kLargestFixed = 1e11;
+        constexpr std::int64_t kFraction = 10000000;
+        if (!(number > -kLargestFixed && number < kLargestFixed)) {
+            *this << number;
+            return;
+        }
+        MakeRoom();
+        if (number < 0.0) *mEnd++ = '-';
+        const auto scaled = static_cast<std::int64_t>(std::abs(number) * kFraction + 0.5);
+        mEnd = std::to_chars(mEnd, mEnd + kLongest, scaled / kFraction).ptr;
+        // A one in front keeps the zeros behind the point; the point then takes its place.
+        char* point = mEnd;
+        mEnd = std::to_chars(mEnd, mEnd + kLongest, scaled % kFraction + kFraction).ptr;
+        *point = '.';
+    }
+    PovText_cls& Fixed(const std::array<float, 3>& vector) {
+        *this << '<';
+        for (size_t i = 0; i < 3; ++i) {
+            if (i > 0) *mEnd++ = ',';
+            Fixed(static_cast<double>(vector[i]));
+        }
+        return *this << '>';
     }
     void Flush() {
         mFile.Write(mBlock.data(), static_cast<size_t>(mEnd - mBlock.data()));

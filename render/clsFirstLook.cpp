@@ -14,10 +14,10 @@ namespace {
 /// Up to so many particles are told apart, one by one.
 constexpr double kFew = 20000;
 /// Radius of a ball, of the mean distance to its neighbours.
-constexpr double kBall = 0.35;
+constexpr double kBall = 0.25;
 /// Points of a crowd: size in pixels at the height of 720, and the mean light where particles are.
 constexpr double kPoint = 2.0;
-constexpr double kLight = 0.30;
+constexpr double kLight = 0.22;
 /// The part of the picture that particles cover when the camera is fitted to them.
 constexpr double kCovered = 0.3;
 

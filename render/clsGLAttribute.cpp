@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "render/clsShaderCtrl.h"
+
 GLAttribute_cls::GLAttribute_cls(unsigned int sequence, int index,
                                  const std::shared_ptr<const ParamHost_cls>& host)
     : mIndex(index), mPrefix(wxString::Format("SEQ%uTYPE%d", sequence, index)) {
@@ -61,6 +63,18 @@ float GLAttribute_cls::GetDrawnRadius(float dataRadius, float stepFactor) const 
 float GLAttribute_cls::GetDrawnAlpha(float alpha, float drawnRadius, float stepFactor) const {
     if (mAlphaType.mValue != SnapAttribute_cls::kDependOnRadius) return alpha * stepFactor;
     return std::min(mAlphaMax.mValue, alpha / (drawnRadius * drawnRadius) * stepFactor);
+}
+
+void GLAttribute_cls::InitializeShader(bool verbose) {
+    ShaderCtrl_cls::Get().InitializeShader(verbose);
+}
+
+void GLAttribute_cls::BeginShader(int lights) const {
+    ShaderCtrl_cls::Get().BeginShader(mShaderType.mValue, lights);
+}
+
+void GLAttribute_cls::EndShader() {
+    ShaderCtrl_cls::Get().EndShader();
 }
 
 wxString GLAttribute_cls::Serialize() const {

@@ -6,6 +6,7 @@
 
 #include "CONFITEM/clsConfItemList.h"
 #include "interp/clsSnapAttribute.h"
+#include "render/clsBillboardTexture.h"
 #include "render/clsColorCurve.h"
 
 /// How the particles of one type are drawn: as points, billboards, spheres or not at all, with which
@@ -50,6 +51,20 @@ class GLAttribute_cls {
     /// `alpha` is the drawable state's.
     float GetDrawnAlpha(float alpha, float drawnRadius, float stepFactor) const;
 
+    // OpenGL, in the current context
+
+    /// Loads the billboard's picture anew.
+    void RefreshTex() { mTexture.RefreshTex(mTexFileBillboard.GetItemStr()); }
+    /// Name of the billboard's texture, of the file in the setting.
+    unsigned int GetTextureName() { return mTexture.GetName(mTexFileBillboard.GetItemStr()); }
+    const BillboardTexture_cls& GetTexture() const { return mTexture; }
+
+    /// The shaders for surfaces, see ShaderCtrl_cls.
+    static void InitializeShader(bool verbose);
+    /// Switches this attribute's shader on for a number of lights.
+    void BeginShader(int lights) const;
+    static void EndShader();
+
     // Text
 
     wxString Serialize() const;
@@ -75,4 +90,5 @@ class GLAttribute_cls {
     const wxString mPrefix;
     ConfItemList_cls mItems;
     std::array<std::unique_ptr<ColorCurve_cls>, SnapAttribute_cls::kCurveCount> mCurves;
+    BillboardTexture_cls mTexture;
 };

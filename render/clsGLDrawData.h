@@ -3,10 +3,15 @@
 #include <array>
 #include <atomic>
 #include <functional>
+#include <span>
+#include <vector>
 
 #include "render/clsDisplayedState.h"
 #include "render/clsDrawOrder.h"
+#include "render/clsGLDrawBillboard.h"
 #include "render/clsPositionAndDirection.h"
+#include "render/clsSequentialDraw.h"
+#include "render/clsShadowVolume.h"
 
 class DrawOption_cls;
 class PanelShared_cls;
@@ -64,11 +69,38 @@ class GLDrawData_cls {
     static void GLDrawPointAll(const SnapData_cls& state, float pointSize, Look look);
 
   private:
+    using Order = std::span<const ArrayAndIndex_cls>;
+
+    /// What all routines of one draw share.
+    struct Frame {
+        const SnapData_cls& state;
+        const DrawAttributes_cls& attributes;
+        const DrawView_cls& view;
+        Order order;
+    };
+    void GLDrawAttribute(const Frame& frame);
+    void GLDrawPointArrayElement(const Frame& frame);
+    void GLDrawPointAll(const Frame& frame);
+    void GLDrawBillboardAll(const Frame& frame);
+    void GLDrawSphereAll(const Frame& frame);
+    void GLDrawSequential(const Frame& frame);
+    void DrawPoints(const Frame& frame, const SpriteRule_cls& rule);
+    /// The lights; those of the mask are in shadow.
+    void LoadLights(const DrawView_cls& view, uint8_t mask) const;
+    SequentialDraw_cls::Shadows FindShadows(const Frame& frame);
+    bool AreAllDirected() const;
+    SphereBatch_cls::Look SphereLookOf(const GLAttribute_cls& attribute) const;
+
     const DrawOption_cls& mOption;
-    const ShadowSettings_cls& mShadow;
     const PanelShared_cls& mShared;
     DrawOrder_cls::View mView;
     DrawOrder_cls mOrder;
     std::array<DrawLight_cls, kLights> mLights{};
     int mLightNumber = 0;
+    SpriteBatch_cls mSprites;
+    SphereBatch_cls mSpheres;
+    GLDrawBillboard_cls mBillboard;
+    SequentialDraw_cls::Lists mLists;
+    ShadowVolume_cls mShadowVolume;
+    std::vector<float> mShadowRadii;
 };

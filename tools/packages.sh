@@ -2,7 +2,7 @@
 
 build_packages="g++ cmake ninja-build ccache libwxgtk3.2-dev libgl-dev libegl-dev libglu1-mesa-dev
                 libegl1 libegl-mesa0 libgl1-mesa-dri"
-test_packages="$build_packages libgtest-dev libbenchmark-dev clang-format git lammps povray locales
+test_packages="$build_packages libgtest-dev libbenchmark-dev clang-format git lammps povray locales ffmpeg
                xvfb openbox libx11-dev libxtst-dev"
 
 # Installs what is missing of the packages named, as root or with sudo.

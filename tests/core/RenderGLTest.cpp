@@ -61,11 +61,12 @@ TEST(RenderGLTest, ParticlesStandWhereTheyShouldInTheColourOfTheirType) {
     EXPECT_NEAR((minX + maxX) / 2.0, 149.5, 1.0);
     EXPECT_NEAR((minY + maxY) / 2.0, 99.5, 1.0);
     EXPECT_NEAR(maxX - minX, maxY - minY, 1) << "pixels are square in a wide picture";
-    EXPECT_NEAR((maxX - minX) / 2.0, 0.707 * 95 * 0.95 + 2.5, 4.0);
+    constexpr int kBall = 23;  // radius of the balls that few particles are shown as
+    EXPECT_NEAR((maxX - minX) / 2.0, 0.707 * 95 * 0.95 + kBall, 5.0);
 
     // y grows upwards: the lower left particle is of type 0, which is drawn warm, its right neighbour cold.
-    EXPECT_GT(image.GetRed(minX + 2, maxY - 2), image.GetBlue(minX + 2, maxY - 2));
-    EXPECT_GT(image.GetBlue(maxX - 2, maxY - 2), image.GetRed(maxX - 2, maxY - 2));
+    EXPECT_GT(image.GetRed(minX + kBall, maxY - kBall), image.GetBlue(minX + kBall, maxY - kBall));
+    EXPECT_GT(image.GetBlue(maxX - kBall, maxY - kBall), image.GetRed(maxX - kBall, maxY - kBall));
 }
 
 TEST(RenderGLTest, PartsOfAFilmRenderedApartAreTheSameFiles) {

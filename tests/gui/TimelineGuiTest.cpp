@@ -160,13 +160,13 @@ TEST_F(TimelineGuiTest, TypesByTheMenuAndValuesByTheDialog) {
 TEST_F(TimelineGuiTest, ValuesAreDraggedInTheCurves) {
     Parameters_cls& z = mScene->position.GetParameter(2);
     const auto value = [&] { return z.GetKeyFrameValue(1); };
-    mUser.Click(At(50, kPositionRow));
     mUser.Click(OnGui([this] {
         const auto isCurve = [](wxToggleButton& button) { return button.GetName() == "curve"; };
         const wxRect rect = ScreenRect(*FindWindowBelow<wxToggleButton>(mFrame, isCurve));
         return rect.GetPosition() + rect.GetSize() / 2;
     }));
     ASSERT_TRUE(WaitFor([this] { return FindWindowBelow<TimelineCanvas_cls>(mFrame)->IsShowingCurves(); }));
+    mUser.Click(At(50, kPositionRow));
 
     // A second view of the same layout tells where z's middle key is drawn.
     const wxPoint key = OnGui([&] {

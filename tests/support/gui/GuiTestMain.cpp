@@ -4,9 +4,11 @@
 
 #include <clocale>
 #include <cstdio>
+#include <filesystem>
 #include <thread>
 
 #include "output/clsImageFile.h"
+#include "seam/clsResourcePath.h"
 #include "seam/clsTextCoding.h"
 #include "support/gui/Desktop.h"
 
@@ -23,6 +25,9 @@ int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     std::setlocale(LC_NUMERIC, "C");
     InstallFileNameConversion();
+    // Shaders, textures and icons lie beside the program, not beside its tests.
+    ResourcePath_cls::SetProgramFolder(
+        FromBytes(std::filesystem::path(VARNHOLT_PROGRAM).parent_path().string()));
     wxApp::SetInstance(new wxApp);
     int noArguments = 0;
     if (!wxEntryStart(noArguments, static_cast<char**>(nullptr)) || !wxTheApp->CallOnInit()) return 1;

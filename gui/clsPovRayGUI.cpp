@@ -1,0 +1,179 @@
+#include "gui/clsPovRayGUI.h"
+
+#include <wx/button.h>
+#include <wx/gauge.h>
+#include <wx/notebook.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "gui/clsFrameContext.h"
+#include "gui/clsPovRayPages.h"
+#include "gui/clsSettingsDialog.h"
+#include "gui/clsSettingsPage.h"
+#include "seam/clsEventSink.h"
+#include "timeline/clsTimeCtrl.h"
+
+namespace {
+
+constexpr int kGap = 6;
+/// How often renders are looked at, besides the events that they post.
+constexpr int kPeriodMs = 100;
+
+}  // namespace
+
+PovRayGUI_cls::PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const TimeCtrl_cls& timeline,
+                             std::function<bool()> hasLight)
+    : wxPanel(parent),
+      mControl(control),
+      mTimeline(timeline),
+      mHasLight(std::move(hasLight)),
+      mFrame(wxGetTopLevelParent(parent->GetParent())),
+      mTimer(this) {
+    auto* book = new wxNotebook(this, wxID_ANY);
+    const auto add = [&](SettingsPage_cls* page, const wxString& title) {
+        book->AddPage(page, title);
+        mPages.push_back(page);
+    };
+    add(MakePovPathPage(book, control), _("Files"));
+    add(MakePovPicturePage(book, control), _("Picture"));
+    add(MakePovLightPage(book, control), _("Light"));
+    add(MakePovAnimationPage(book, control), _("Animation"));
+    SetSizer(new wxBoxSizer(wxVERTICAL));
+    GetSizer()->Add(book, wxSizerFlags(1).Expand());
+    MakeButtons();
+
+    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Proceed(); });
+    mFrame->Bind(wxEVT_MENU, &PovRayGUI_cls::OnReturned, this, EventSink_cls::kRendererReturned);
+    mControl.SetObserver([this](const PovRenderPool_cls::Outcome& outcome) { OnOutcome(outcome); });
+    mControl.SetProgress([this](double share) {
+        mGauge->SetValue(
+            static_cast<int>(1000.0 * (mControl.GetDone() + share) / std::max(mControl.GetTotal(), 1)));
+        return true;
+    });
+    UpdateButtonLabels();
+}
+
+PovRayGUI_cls::~PovRayGUI_cls() {
+    mControl.SetObserver({});
+    mControl.SetProgress({});
+    mControl.AbortRenderPovAnim();
+    mFrame->Unbind(wxEVT_MENU, &PovRayGUI_cls::OnReturned, this, EventSink_cls::kRendererReturned);
+}
+
+void PovRayGUI_cls::MakeButtons() {
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    const auto add = [&](const wxString& name, const wxString& tooltip, void (PovRayGUI_cls::*press)()) {
+        auto* button =
+            new wxButton(this, wxID_ANY, name, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
+        button->SetToolTip(tooltip);
+        button->Bind(wxEVT_BUTTON, [this, press](wxCommandEvent&) { (this->*press)(); });
+        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+        return button;
+    };
+    mExport = add(_("Export Frame"), _("Writes scene and options of the current frame, and renders nothing"),
+                  &PovRayGUI_cls::ExportFrame);
+    mRenderFrame =
+        add(_("Render Frame"), _("Writes and renders the current frame"), &PovRayGUI_cls::RenderFrame);
+    mRenderAnimation = add(_("Render Animation"), _("Renders the frames of the region one after another"),
+                           &PovRayGUI_cls::RenderAnimation);
+    mGauge = new wxGauge(this, wxID_ANY, 1000, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL,
+                         wxDefaultValidator, "Progress");
+    mStatus = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                               wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE, "Status");
+    GetSizer()->Add(row, wxSizerFlags().Border(wxTOP, FromDIP(kGap)));
+    GetSizer()->Add(mGauge, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap)));
+    GetSizer()->Add(mStatus, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap)));
+}
+
+void PovRayGUI_cls::ShowSettings(std::uint64_t) {
+    for (SettingsPage_cls* page : mPages) page->RefreshFromModel();
+}
+
+void PovRayGUI_cls::Say(const wxString& text) {
+    mStatus->SetLabel(text);
+    mStatus->SetToolTip(text);
+}
+
+bool PovRayGUI_cls::MayStart() {
+    if (!mControl.ConfirmPaths() || !mHasLight()) return false;
+    const wxString obstacle = mControl.FindObstacle();
+    Say(obstacle);
+    mGauge->SetValue(0);
+    mFailed = 0;
+    return obstacle.empty();
+}
+
+void PovRayGUI_cls::ExportFrame() {
+    if (!MayStart()) return;
+    const int frame = mTimeline.GetFrame();
+    const wxString error = mControl.Export(frame, PovRayCtrl_cls::Series::Snap);
+    Say(error.empty() ? mControl.GetFileStr(frame, PovRayCtrl_cls::Series::Snap) + ".pov" : error);
+}
+
+void PovRayGUI_cls::RenderFrame() {
+    if (!MayStart()) return;
+    const int frame = mTimeline.GetFrame();
+    const wxString error = mControl.Export(frame, PovRayCtrl_cls::Series::Snap);
+    if (error.empty()) {
+        mControl.RenderByPovSnap(frame);
+    } else {
+        Say(error);
+    }
+}
+
+void PovRayGUI_cls::RenderAnimation() {
+    if (mControl.IsRendering()) return Abort();
+    if (!MayStart()) return;
+    mControl.StartRenderPovAnim(mControl.GetRender().GetFrames(mTimeline.GetSettings()));
+    Proceed();
+}
+
+void PovRayGUI_cls::Abort() {
+    const wxString words = wxString::Format(_("Aborted; %d of %d pictures are done"),
+                                            mControl.GetDone() - mFailed, mControl.GetTotal());
+    mControl.AbortRenderPovAnim();
+    Say(words);
+}
+
+void PovRayGUI_cls::Proceed() {
+    // A message box of the frame that is written lets the timer through.
+    if (std::exchange(mProceeding, true)) return;
+    mControl.ProcessRenderPovAnim();
+    mProceeding = false;
+}
+
+void PovRayGUI_cls::OnReturned(wxCommandEvent& event) {
+    event.Skip();
+    Proceed();
+}
+
+void PovRayGUI_cls::OnOutcome(const PovRenderPool_cls::Outcome& outcome) {
+    if (outcome.frame < 0) return UpdateButtonLabels();
+    if (!outcome.error.empty()) ++mFailed;
+    mGauge->SetValue(1000 * mControl.GetDone() / mControl.GetTotal());
+    const wxString place = wxString::Format("%d / %d  ", mControl.GetDone(), mControl.GetTotal());
+    Say(place + (outcome.error.empty() ? outcome.picture : outcome.error));
+}
+
+void PovRayGUI_cls::UpdateButtonLabels() {
+    const bool rendering = mControl.IsRendering();
+    mExport->Enable(!rendering);
+    mRenderFrame->Enable(!rendering);
+    mRenderAnimation->SetLabel(rendering ? _("Abort") : _("Render Animation"));
+    if (!rendering) {
+        mTimer.Stop();
+    } else if (!mTimer.IsRunning()) {
+        mTimer.Start(kPeriodMs);
+    }
+    Layout();
+}
+
+void OpenPovRay(wxWindow* parent, FrameContext_cls& context) {
+    SettingsDialog_cls::Open(*parent, PovRayGUI_cls::kTitle, [&context](wxWindow* window) {
+        return new PovRayGUI_cls(window, context.povRayCtrl, context.timeCtrl,
+                                 context.isPovrayCondistionSatisfiled);
+    });
+}

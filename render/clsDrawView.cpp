@@ -1,0 +1,106 @@
+#include "render/clsDrawView.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "interp/clsSnapData.h"
+#include "render/clsOpenGL.h"
+
+namespace {
+
+constexpr int kSamples = 64;
+/// Data whose distance from 0 is this many times its extent get an origin of their own.
+constexpr double kFarAway = 100.0;
+
+/// About the middle of the data, from evenly picked particles; 0 when the data lie around it.
+std::array<float, 3> OriginOf(const SnapData_cls& state) {
+    Vector3 sum{};
+    Vector3 low{1e300, 1e300, 1e300};
+    Vector3 high{-1e300, -1e300, -1e300};
+    int found = 0;
+    const long long stride = state.GetStride();
+    const long long visited = (state.GetCount() + stride - 1) / stride;
+    const long long pick = std::max(visited / kSamples, 1LL) * stride;
+    for (long long i = 0; i < state.GetCount(); i += pick) {
+        const float* p = state.GetPosition() + 3 * i;
+        if (!std::isfinite(p[0] + p[1] + p[2])) continue;
+        ++found;
+        for (size_t k = 0; k < 3; ++k) {
+            sum[k] += static_cast<double>(p[k]);
+            low[k] = std::min(low[k], static_cast<double>(p[k]));
+            high[k] = std::max(high[k], static_cast<double>(p[k]));
+        }
+    }
+    if (found == 0) return {};
+    double distance = 0.0;
+    double extent = 0.0;
+    for (size_t k = 0; k < 3; ++k) {
+        distance = std::max(distance, std::abs(sum[k] / found));
+        extent = std::max(extent, high[k] - low[k]);
+    }
+    if (distance <= kFarAway * extent) return {};
+    return {static_cast<float>(sum[0] / found), static_cast<float>(sum[1] / found),
+            static_cast<float>(sum[2] / found)};
+}
+
+std::array<float, 3> Unit(const std::array<double, 3>& v) {
+    const double length = std::max(std::hypot(v[0], v[1], v[2]), 1e-300);
+    return {static_cast<float>(v[0] / length), static_cast<float>(v[1] / length),
+            static_cast<float>(v[2] / length)};
+}
+
+}  // namespace
+
+DrawView_cls DrawView_cls::FromGL(const Vector3& camera, const SnapData_cls& state) {
+    DrawView_cls view;
+    view.origin = OriginOf(state);
+    std::array<double, 16> m{};
+    glGetDoublev(GL_MODELVIEW_MATRIX, m.data());
+    for (size_t row = 0; row < 3; ++row) {
+        double moved = 0.0;
+        for (size_t k = 0; k < 3; ++k)
+            moved -= m[4 * k + row] * (camera[k] - static_cast<double>(view.origin[k]));
+        m[12 + row] = moved;
+    }
+    for (size_t i = 0; i < 16; ++i) view.modelView[i] = static_cast<float>(m[i]);
+    view.scale = static_cast<float>(std::hypot(m[0], m[4], m[8]));
+    view.right = Unit({m[0], m[4], m[8]});
+    view.up = Unit({m[1], m[5], m[9]});
+    view.forward = Unit({-m[2], -m[6], -m[10]});
+
+    glGetFloatv(GL_PROJECTION_MATRIX, view.projection.data());
+    for (size_t column = 0; column < 4; ++column) {
+        for (size_t row = 0; row < 4; ++row) {
+            float sum = 0.0F;
+            for (size_t k = 0; k < 4; ++k)
+                sum += view.projection[4 * k + row] * view.modelView[4 * column + k];
+            view.clip[4 * column + row] = sum;
+        }
+    }
+    view.isOrthographic = view.projection[11] == 0.0F;
+    glGetIntegerv(GL_VIEWPORT, view.viewport.data());
+    const float x = 0.5F * view.projection[0] * static_cast<float>(view.viewport[2]);
+    const float y = 0.5F * view.projection[5] * static_cast<float>(view.viewport[3]);
+    view.pixelsPerUnit = x;
+    view.hasSquarePixels = std::abs(x - y) <= 1e-4F * std::abs(x);
+    std::array<float, 2> range{};
+    glGetFloatv(GL_ALIASED_POINT_SIZE_RANGE, range.data());
+    view.largestPoint = range[1];
+    return view;
+}
+
+void DrawView_cls::LoadOnGL() const {
+    glMatrixMode(GL_MODELVIEW);
+    glLoadMatrixf(modelView.data());
+}
+
+std::array<float, 3> DrawView_cls::EyeOf(const Vector3& place) const {
+    std::array<float, 3> eye{};
+    for (size_t row = 0; row < 3; ++row) {
+        double sum = static_cast<double>(modelView[12 + row]);
+        for (size_t k = 0; k < 3; ++k)
+            sum += static_cast<double>(modelView[4 * k + row]) * (place[k] - static_cast<double>(origin[k]));
+        eye[row] = static_cast<float>(sum);
+    }
+    return eye;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+
+#include "render/clsPositionAndDirection.h"
+
+class SnapData_cls;
+
+/// From where and through which lens a frame's particles are seen, as plain numbers.
+/// Positions are sent to OpenGL less an origin: data far from 0 would lose the digits that tell its particles
+/// apart. The origin is 0 where that makes no difference.
+/// Made once for a draw. Threads: FromGL() on the thread of the context. Units: data lengths, pixels.
+struct DrawView_cls {
+    /// Takes the current viewport and matrices over; the camera's place replaces the model-view matrix's own,
+    /// which has too few digits for large numbers.
+    static DrawView_cls FromGL(const Vector3& camera, const SnapData_cls& state);
+
+    /// A place as OpenGL is told it.
+    std::array<float, 3> Relative(const float* position) const {
+        return {position[0] - origin[0], position[1] - origin[1], position[2] - origin[2]};
+    }
+    /// Loads the model-view matrix for relative places; the caller has pushed the matrix.
+    void LoadOnGL() const;
+    /// From data lengths to eye lengths, for a place of the data.
+    std::array<float, 3> EyeOf(const Vector3& place) const;
+
+    std::array<float, 3> origin{};
+    std::array<float, 16> modelView{};   ///< of relative places, column by column
+    std::array<float, 16> projection{};  ///< the same
+    std::array<float, 16> clip{};        ///< projection times model-view
+    std::array<int, 4> viewport{};
+    float scale = 1.0F;  ///< eye lengths of a data length
+    bool isOrthographic = false;
+    /// Window pixels of an eye length at distance 1, or anywhere in a parallel projection.
+    float pixelsPerUnit = 1.0F;
+    bool hasSquarePixels = true;
+    /// Unit vectors of the data's space along the window's axes and away from the camera.
+    std::array<float, 3> right{};
+    std::array<float, 3> up{};
+    std::array<float, 3> forward{};
+    /// Largest point that OpenGL draws.
+    float largestPoint = 1.0F;
+};
