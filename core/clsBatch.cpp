@@ -8,6 +8,7 @@
 
 #include "core/clsFilm.h"
 #include "core/clsInterrupt.h"
+#include "core/clsNamedData.h"
 #include "core/clsPovJob.h"
 #include "core/clsProgress.h"
 #include "data/clsLayoutHint.h"
@@ -54,13 +55,16 @@ int Batch_cls::Prepare() {
                                         mProject.GetUnknownLines()));
         }
     }
+    const wxString data = IsProject() ? wxString()
+                                      : PrepareNamedData(mLine.mFile, mLine.mSettings, mMain.GetDataLoader(),
+                                                         mMain.GetPeriodicBoundary());
     for (const wxString& setting : mLine.mSettings) {
         const wxString error = mProject.ApplySetting(setting);
         if (error.empty()) continue;
         PrintError("--set " + error);
         return kWrongUsage;
     }
-    if (!IsProject()) mMain.GetDataLoader().OpenDataFile(mLine.mFile);
+    if (!IsProject()) mMain.GetDataLoader().OpenDataFile(data);
     return kDone;
 }
 

@@ -14,6 +14,8 @@ class DataLoader_cls : public GrammerBase_cls {
 
     DataLoader_cls();
 
+    /// Takes all settings of another.
+    void CopyFrom(const DataLoader_cls& other) { mItems.CopyListComponentFromP(other.mItems); }
     /// Resets the transforms only: the layout of a user's files outlives a reset.
     void SetToDefault();
 

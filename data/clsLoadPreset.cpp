@@ -1,8 +1,23 @@
 #include "data/clsLoadPreset.h"
 
+#include <algorithm>
+
+namespace {
+
+std::vector<int> HeaderList(const std::vector<int>& head) {
+    return head.empty() ? std::vector<int>{LoadPreset_cls::kNoHeader} : head;
+}
+
+}  // namespace
+
+bool LoadPreset_cls::IsLayoutOf(const DataLoader_cls& loader) const {
+    return mText == loader.IsText() && std::ranges::equal(HeaderList(mHead), loader.GetHeaderGrammer()) &&
+           std::ranges::equal(mBody, loader.GetBodyGrammer());
+}
+
 void LoadPreset_cls::ApplyTo(DataLoader_cls& loader) const {
     loader.SetText(mText);
-    loader.SetHeaderGrammer(mHead.empty() ? std::vector<int>{kNoHeader} : mHead);
+    loader.SetHeaderGrammer(HeaderList(mHead));
     loader.SetBodyGrammer(mBody);
     loader.mInterpolateType.mValue = mInterpolateType;
     loader.mVariableNumber.mValue = mVariableNumber;

@@ -26,6 +26,8 @@ struct LoadPreset_cls {
     std::optional<Box> mBox{};
 
     void ApplyTo(DataLoader_cls& loader) const;
+    /// The settings describe files as this does.
+    bool IsLayoutOf(const DataLoader_cls& loader) const;
     /// The layouts that are known without looking at a file.
     static const std::vector<LoadPreset_cls>& GetKnown();
 

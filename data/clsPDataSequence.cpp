@@ -5,6 +5,7 @@
 
 #include "data/clsDataName.h"
 #include "data/clsParticleBuffer.h"
+#include "data/clsSeriesFolder.h"
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
 #include "render/clsGLAttribute.h"
@@ -30,6 +31,7 @@ PDataSequence_cls::~PDataSequence_cls() {
 }
 
 void PDataSequence_cls::OpenDataFile(const wxString& path) {
+    SeriesFolder_cls::Refresh(path);
     mFiles.Set(path);
     mFiles.CalcMaxOffset();
     SetIndividualFilenames();

@@ -153,6 +153,12 @@ void SeriesFolder_cls::Refresh(const wxString& path) {
     SeriesFolder_cls(file, Content::Links).MakeLinks(SeriesNames_cls::Find(file));
 }
 
+wxString SeriesFolder_cls::GetSource(const wxString& path) {
+    const wxString root = GetRoot();
+    if (!path.StartsWith(root + "/")) return path;
+    return FromBytes(SourceOf(fs::path(ToBytes(path)).parent_path(), ToBytes(root)).string());
+}
+
 void SeriesFolder_cls::RemoveStale() {
     const fs::path root = ToBytes(GetRoot());
     std::error_code failed;

@@ -35,6 +35,8 @@ class SeriesFolder_cls {
     /// The links of a path below the root are made anew when they are missing or the series has grown. Does
     /// nothing for any other path, and for steps of a file.
     static void Refresh(const wxString& path);
+    /// The file that a path below the root was made for; any other path as it is.
+    static wxString GetSource(const wxString& path);
     /// Removes folders whose files are gone for a month, and what killed runs left.
     static void RemoveStale();
 

@@ -91,8 +91,8 @@ SeriesNames_cls SeriesNames_cls::Find(const wxString& path) {
 }
 
 bool SeriesNames_cls::IsOrdinary() const {
-    const FileSequence_cls files(mFolder + FromBytes(mNames.front()));
     if (mNames.size() < 2) return true;
+    const FileSequence_cls files(mFolder + FromBytes(mNames.front()));
     if (!files.IsNumbered()) return false;
     for (size_t i = 0; i < mNames.size(); ++i) {
         if (files.GetModifiedStr(static_cast<int>(i)) != mFolder + FromBytes(mNames[i])) return false;
@@ -101,7 +101,7 @@ bool SeriesNames_cls::IsOrdinary() const {
 }
 
 wxString SeriesNames_cls::Describe() const {
-    if (mNames.size() < 2) return FromBytes(mNames.front());
+    if (mNames.size() < 2) return mNames.empty() ? wxString() : FromBytes(mNames.front());
     return FromBytes(mNames.front()) + " to " + FromBytes(mNames.back()) +
            wxString::Format(", %zu files", mNames.size());
 }

@@ -4,6 +4,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -13,6 +14,7 @@
 #include "data/clsFileStart.h"
 #include "data/clsLammpsDump.h"
 #include "data/clsLinePieces.h"
+#include "data/clsSnapshotHeader.h"
 #include "data/clsStepFinder.h"
 #include "seam/clsTextCoding.h"
 
@@ -124,6 +126,17 @@ class PartFolder {
     std::error_code mFailed;
 };
 
+/// What the steps begin with, and the lines before the first one.
+struct StepForm {
+    std::string stepLine;
+    unsigned int linesBefore = 0;
+
+    explicit StepForm(std::string_view start) : stepLine(LammpsStepLine(start)) {
+        // Units stand once, in two lines of their own.
+        if (!stepLine.empty() && !start.starts_with(stepLine)) linesBefore = 2;
+    }
+};
+
 struct Copied {
     std::string failure;
     std::string leftOut;
@@ -132,10 +145,9 @@ struct Copied {
 
 Copied CopySteps(const InputFile_cls& file, StepFiles* steps, const StepSplitter_cls::Progress& progress) {
     const FileStart_cls start(file);
-    const std::string_view stepLine = LammpsStepLine(start.mBytes);
-    const bool isAfterUnits = !stepLine.empty() && !start.mBytes.starts_with(stepLine);
-    LinePieces_cls pieces(file, isAfterUnits ? 2 : 0);
-    StepFinder_cls finder{std::string(stepLine)};
+    const StepForm form(WithoutByteOrderMark(start.mBytes));
+    LinePieces_cls pieces(file, form.linesBefore);
+    StepFinder_cls finder{form.stepLine};
     Copied copied;
     std::vector<char> buffer;
     uint64_t told = 0;
@@ -165,6 +177,19 @@ Copied CopySteps(const InputFile_cls& file, StepFiles* steps, const StepSplitter
 }
 
 }  // namespace
+
+FileStart_cls StepSplitter_cls::FirstStep(const FileStart_cls& start, double stepByte) {
+    std::string_view lines = WithoutByteOrderMark(start.WholeLines());
+    const StepForm form(lines);
+    for (unsigned int i = 0; i < form.linesBefore; ++i) TakeLine(&lines);
+    const std::vector<size_t> starts = StepFinder_cls(form.stepLine).Find(lines);
+    FileStart_cls step = start;
+    const size_t begin = starts.empty() ? 0 : starts[0];
+    step.mBytes = lines.substr(begin, starts.size() < 2 ? std::string_view::npos : starts[1] - begin);
+    step.mFileByte = step.mBytes.size();
+    if (starts.size() < 2) step.mFileByte = std::max(step.mFileByte + 1, static_cast<uint64_t>(stepByte));
+    return step;
+}
 
 StepSplitter_cls::Result StepSplitter_cls::Split(const wxString& path, const Progress& progress) {
     Result result;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "data/clsFileStart.h"
 #include "data/clsSeriesFolder.h"
 #include "seam/clsInputFile.h"
 
@@ -21,6 +22,10 @@ class StepSplitter_cls {
         bool cancelled = false;
         size_t steps = 0;
     };
+
+    /// The first of several steps as if it were a file of its own; where it is longer than the start of a
+    /// file, the size is the steps' own, about.
+    static FileStart_cls FirstStep(const FileStart_cls& start, double stepByte);
 
     /// `path` is a LAMMPS dump or an XYZ file.
     static Result Split(const wxString& path, const Progress& progress);

@@ -135,6 +135,7 @@ class Walk {
 void CompareCount(const FileStart_cls& start, long long records, int number, Walk* walk,
                   RecordPreview_cls* preview) {
     if (records == number) {
+        preview->mSize += wxString::Format("; %lld lines of particles, as the header says", records);
         if (walk->Next()) {
             preview->mMisfit =
                 wxString::Format("line %lld: the file goes on behind the particles: ", walk->CountLine()) +

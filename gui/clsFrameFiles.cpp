@@ -9,6 +9,7 @@
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "gui/clsDataOpening.h"
 #include "gui/clsFrameSettings.h"
 #include "seam/clsUserMessage.h"
 #include "timeline/clsTimeCtrl.h"
@@ -86,11 +87,18 @@ void FrameFiles_cls::OpenProject(const wxString& path) {
 }
 
 void FrameFiles_cls::OpenData(const wxString& path) {
-    const wxBusyCursor busy;
+    TakeData([&] { return OpenDataFile(&mFrame, mContext, path); });
+}
+
+void FrameFiles_cls::AskForData() {
+    TakeData([this] { return OpenDataByDialog(&mFrame, mContext); });
+}
+
+void FrameFiles_cls::TakeData(const std::function<bool()>& open) {
     // Just looking at data is nothing to be saved.
     const bool blank = mProject.empty() && !IsModified();
     mContext.timeCtrl.ProcStopPlaying();
-    mContext.openData(path);
+    if (!open()) return;
     mContext.timeCtrl.SetFrameNative(0);
     mContext.timeCtrl.SetStepNative(0);
     if (blank) GCUndoList.MarkSaved();
@@ -107,13 +115,6 @@ void FrameFiles_cls::AskForProject() {
     wxFileDialog dialog(&mFrame, "Select a project file", FolderOf(mContext.frameSettings.mLastOpenedFileVHP),
                         {}, kProjects, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() == wxID_OK && MayLoseChanges()) OpenProject(dialog.GetPath());
-}
-
-void FrameFiles_cls::AskForData() {
-    wxFileDialog dialog(&mFrame, "Select the first file of a series",
-                        FolderOf(mContext.dataLoader.mLastOpenedFile), {}, "All files|*",
-                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() == wxID_OK) OpenData(dialog.GetPath());
 }
 
 bool FrameFiles_cls::SaveTo(const wxString& path) {

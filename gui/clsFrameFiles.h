@@ -47,6 +47,8 @@ class FrameFiles_cls {
 
   private:
     bool SaveTo(const wxString& path);
+    /// What goes before and after opening data; `open` says whether it did.
+    void TakeData(const std::function<bool()>& open);
     void Adopt(const wxString& project);
 
     wxFrame& mFrame;

@@ -24,10 +24,14 @@ class PeriodicBoundary_cls {
     };
 
     PeriodicBoundary_cls() { SetToDefault(); }
+    /// Takes all settings of another.
+    void CopyFrom(const PeriodicBoundary_cls& other) { mItems.CopyListComponentFromP(other.mItems); }
     PeriodicBoundary_cls(const PeriodicBoundary_cls&) = delete;
     PeriodicBoundary_cls& operator=(const PeriodicBoundary_cls&) = delete;
 
     void SetToDefault();
+    /// A box with these edges along the axes, periodic in x, y and z or in x and y only.
+    void SetBox(bool space, const std::array<float, 3>& length);
     /// Edge k (0, 1, 2) of the box times the size, axis by axis, into three floats.
     void GetBoundaryVector(float* out, int k) const;
     Rule GetRule() const;

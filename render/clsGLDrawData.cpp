@@ -47,35 +47,6 @@ class SavedGL {
     SavedGL& operator=(const SavedGL&) = delete;
 };
 
-struct ColouredPoint {
-    float position[3];
-    uint8_t colour[4];
-};
-
-/// Types 0 to 4: told apart by hue and by lightness.
-constexpr std::array<std::array<uint8_t, 4>, 5> kTypeColour = {{{255, 196, 120, 255},
-                                                                {110, 175, 255, 255},
-                                                                {255, 120, 90, 255},
-                                                                {150, 235, 215, 255},
-                                                                {215, 150, 255, 255}}};
-
-/// What one glowing point adds to the picture.
-constexpr float kGlow = 0.18F;
-
-std::vector<ColouredPoint> MakePoints(const SnapData_cls& state) {
-    std::vector<ColouredPoint> points;
-    const auto count = static_cast<size_t>(state.GetCount());
-    const auto stride = static_cast<size_t>(state.GetStride());
-    points.reserve(count / stride + 1);
-    for (size_t i = 0; i < count; i += stride) {
-        const float* p = state.GetPosition() + 3 * i;
-        if (!std::isfinite(p[0]) || !std::isfinite(p[1]) || !std::isfinite(p[2])) continue;
-        const auto& c = kTypeColour[std::min<size_t>(state.GetType()[i], kTypeColour.size() - 1)];
-        points.push_back({{p[0], p[1], p[2]}, {c[0], c[1], c[2], c[3]}});
-    }
-    return points;
-}
-
 std::array<float, 4> Opaque(const std::array<float, 3>& colour, float factor) {
     return {colour[0] * factor, colour[1] * factor, colour[2] * factor, 1.0F};
 }
@@ -305,32 +276,4 @@ void GLDrawData_cls::LoadLights(const DrawView_cls& view, uint8_t mask) const {
         glLightfv(name, GL_SPECULAR, Opaque(light.mSpecular, left).data());
     }
     glPopMatrix();
-}
-
-void GLDrawData_cls::GLDrawPointAll(const SnapData_cls& state, float pointSize, Look look) {
-    const std::vector<ColouredPoint> points = MakePoints(state);
-    if (points.empty()) return;
-
-    glPushAttrib(GL_ENABLE_BIT | GL_POINT_BIT | GL_COLOR_BUFFER_BIT);
-    glEnable(GL_POINT_SMOOTH);
-    if (look == Look::Opaque) {
-        // Round points: the corners of the square are cut off by their coverage.
-        glEnable(GL_DEPTH_TEST);
-        glEnable(GL_ALPHA_TEST);
-        glAlphaFunc(GL_GREATER, 0.5F);
-    } else {
-        glEnable(GL_BLEND);
-        glBlendColor(0.0F, 0.0F, 0.0F, kGlow);
-        glBlendFunc(GL_CONSTANT_ALPHA, GL_ONE);
-    }
-    glPointSize(pointSize);
-
-    glEnableClientState(GL_VERTEX_ARRAY);
-    glEnableClientState(GL_COLOR_ARRAY);
-    glVertexPointer(3, GL_FLOAT, sizeof(ColouredPoint), points.data()->position);
-    glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(ColouredPoint), points.data()->colour);
-    glDrawArrays(GL_POINTS, 0, static_cast<GLsizei>(points.size()));
-    glDisableClientState(GL_COLOR_ARRAY);
-    glDisableClientState(GL_VERTEX_ARRAY);
-    glPopAttrib();
 }

@@ -65,9 +65,6 @@ class GLDrawData_cls {
     /// Draws a state as the options say. `viewIndex` is the panel's number.
     void GLDraw(int viewIndex, const SnapData_cls& state, const DrawAttributes_cls& attributes);
 
-    enum class Look { Opaque, Glowing };
-    static void GLDrawPointAll(const SnapData_cls& state, float pointSize, Look look);
-
   private:
     using Order = std::span<const ArrayAndIndex_cls>;
 

@@ -101,7 +101,8 @@ class Pieces_cls {
     /// Ascending with the key, whatever is rounded.
     size_t PieceOf(const Entry& entry) const {
         const double piece = (double{entry.mKey} - mLeast) * mScale;
-        return static_cast<size_t>(std::clamp(piece, 0.0, static_cast<double>(mSize - 1)));
+        // Where all finite keys are equal, an infinity gives no number: false, hence the first piece.
+        return piece > 0.0 ? static_cast<size_t>(std::min(piece, static_cast<double>(mSize - 1))) : 0;
     }
 
   private:
