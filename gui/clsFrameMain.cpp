@@ -15,6 +15,7 @@
 #include "gui/clsSettingsView.h"
 #include "gui/clsTimelinePanel.h"
 #include "gui/clsTopHalfPanel.h"
+#include "render/clsFirstLook.h"
 #include "timeline/clsCommandItem.h"
 #include "timeline/clsTimeCtrl.h"
 #include "timeline/clsUndoManager.h"
@@ -25,6 +26,7 @@ const wxSize kFirstSize(1280, 800);
 constexpr int kTimelineHeight = 230;
 constexpr int kPagesWidth = 340;
 constexpr int kLeastPart = 120;
+constexpr int kSashWidth = 16;
 
 void TellViews(wxWindow& window, std::uint64_t updateBits) {
     if (auto* view = dynamic_cast<SettingsView_cls*>(&window)) view->ShowSettings(updateBits);
@@ -56,7 +58,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
       mMessage(*this),
       mUser(context.keepsUserSettings),
       mFiles(*this, context, mUser, [this] { RefreshAll(); }),
-      mInstant(context),
+      mInstant(context, [this](const SnapData_cls& state) { SuggestFirstLook(state); }),
       mPlayback(context, mInstant, mClock,
                 {.isDrawn = [this] { return mViews->IsDrawn(); },
                  .redraw = [this] { mViews->Redraw(); },
@@ -74,6 +76,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
     }
     Bind(wxEVT_CLOSE_WINDOW, &FrameMain_cls::OnClose, this);
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        if (mPlaceParts && mPlaceParts()) mPlaceParts = {};
         mPlayback.Work();
         event.Skip();
     });
@@ -133,17 +136,14 @@ void FrameMain_cls::PlaceWindow() {
     }
     const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
     const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
-    const auto place = [this, sash, pages] {
-        Layout();
+    // Distances from the far end need the sizes that the window manager grants.
+    mPlaceParts = [this, sash, pages] {
+        if (!IsShownOnScreen() || mTop->GetSize().x + kSashWidth < GetClientSize().x) return false;
         mHalves->SetSashPosition(sash);
         if (mTop->IsSplit()) mTop->SetSashPosition(pages);
-    };
-    place();
-    // Once more with the size that the window manager grants.
-    CallAfter([this, place] {
-        place();
         mViews->GetCanvas(0).SetFocus();
-    });
+        return true;
+    };
 }
 
 // Commands
@@ -186,6 +186,14 @@ void FrameMain_cls::RefreshAll() {
     mStatus->RefreshFromModel();
     mViews->Redraw();
     mPlayback.Work();
+}
+
+void FrameMain_cls::SuggestFirstLook(const SnapData_cls& state) {
+    if (!mFiles.TakeWantsLook()) return;
+    for (const wxString& line : SuggestLook(state, mViews->GetCanvas(0).GetClientSize().y))
+        mContext.applySetting(line);
+    mInstant.Invalidate();
+    ShowSettings(SettingsView_cls::kAll);
 }
 
 void FrameMain_cls::ShowSettings(std::uint64_t updateBits) {

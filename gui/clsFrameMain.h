@@ -3,6 +3,7 @@
 #include <wx/frame.h>
 
 #include <cstdint>
+#include <functional>
 
 #include "gui/clsFrameContext.h"
 #include "gui/clsFrameFiles.h"
@@ -44,6 +45,8 @@ class FrameMain_cls : public wxFrame {
     std::vector<FrameMenu_cls::Entry> AnimationEntries();
     std::vector<FrameMenu_cls::Entry> RenderEntries();
     void PlaceWindow();
+    /// Data that nobody has set up yet get a look that shows something.
+    void SuggestFirstLook(const SnapData_cls& state);
     void TogglePlay();
     void GoToFrame(int frame);
     void Undo();
@@ -70,6 +73,7 @@ class FrameMain_cls : public wxFrame {
     FrameMenu_cls mMenu;
     int mObserver;
 
+    std::function<bool()> mPlaceParts;  ///< until it has succeeded
     FaultBar_cls* mFaults = nullptr;
     wxSplitterWindow* mHalves = nullptr;
     wxSplitterWindow* mTop = nullptr;
