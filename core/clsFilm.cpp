@@ -158,6 +158,7 @@ void Film_cls::TakePicture(const Step_cls& step) {
         if (step.sample + 1 < mSamples) return;
         picture = mAverage.Take();
     }
+    picture.mJpegQuality = mMain.GetPreference().GetJpegQuality();
     const auto shared = std::make_shared<const Picture_cls>(std::move(picture));
     mQueue.Push(mNames.Of(step.frame), shared);
     SendToMovie(shared);

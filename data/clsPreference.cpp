@@ -5,7 +5,7 @@ void Preference_cls::SetToDefault() {
     mItems.Add(&mMemoryLimit, "PREF_MEMORY_LIMIT=", "4096");
     mItems.Add(&mReaderThreads, "PREF_THREAD_IO=", "4");
     mItems.Add(&mSortType, "PREF_SORT_TYPE=", "0");
-    mItems.Add(&mJpegQuality, "PREF_JPEG_QUALITY=", "90");
+    mItems.Add(&mJpegQuality, "PREF_JPEG_QUALITY=", "92");
     mItems.Add(&mMouseTurn, "PREF_MOUSE_TURN=", "0");
     mItems.Add(&mMousePan, "PREF_MOUSE_PAN=", "1");
     mItems.Add(&mMouseZoom, "PREF_MOUSE_ZOOM=", "2");

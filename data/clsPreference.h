@@ -37,6 +37,7 @@ class Preference_cls {
     wxString Serialize() const { return mItems.SerializeAll(); }
     bool ReadStrLine(const wxString& line) { return mItems.ReadStrLineAll(line); }
     const ConfItemList_cls& GetItems() const { return mItems; }
+    ConfItemList_cls& GetItems() { return mItems; }
 
     ConfItemINT_cls mMemoryLimit;    ///< MB that snapshots may take, "Critical"
     ConfItemINT_cls mReaderThreads;  ///< "Thread (I/O)": workers that parse a text body

@@ -54,7 +54,11 @@ ColorCurveCanvas_cls::ColorCurveCanvas_cls(wxWindow* parent)
         if (event.LeftIsDown()) OnMove(event.GetPosition());
         SetCursor(FindGrip(event.GetPosition()) ? wxCursor(wxCURSOR_HAND) : wxNullCursor);
     });
-    Bind(wxEVT_LEFT_UP, [this](wxMouseEvent&) { EndDrag(false); });
+    Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+        // The last way of a quick drag may come with no event of its own.
+        if (mMoved) OnMove(event.GetPosition());
+        EndDrag(false);
+    });
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { EndDrag(true); });
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         if (!OnKey(event.GetKeyCode(), event.ControlDown(), event.ShiftDown())) event.Skip();

@@ -191,9 +191,11 @@ void ColorCurveGUI_cls::ShowLinked() {
     ShowSettings(kAll);
 }
 
-void ColorCurveGUI_cls::ShowSettings(std::uint64_t) {
-    // The values of a frame are millions: they are not gathered for a window that nobody sees.
-    if (IsShownOnScreen()) UpdateHistogram();
+void ColorCurveGUI_cls::ShowSettings(std::uint64_t updateBits) {
+    // The values of a frame are millions: they are not gathered for a window that nobody sees, nor while keys
+    // are dragged.
+    constexpr std::uint64_t kOtherValues = CommandItem_cls::kUpdateTime | CommandItem_cls::kUpdatePanels;
+    if (IsShownOnScreen() && (updateBits & kOtherValues) != 0) UpdateHistogram();
     mCanvas->Refresh();
     mKeyPage->RefreshFromModel();
     mScalingPage->RefreshFromModel();

@@ -41,7 +41,7 @@ FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSe
                 {.isModified = [this] { return IsModified(); },
                  .getState = [this] { return mChanges; },
                  .save = [&context](const wxString& path) { return context.saveRecovery(path); },
-                 .getMinutes = [&context] { return context.preference.GetAutosaveInterval(); }}) {}
+                 .getInterval = [&context] { return context.preference.GetAutosaveInterval(); }}) {}
 
 FrameFiles_cls::~FrameFiles_cls() = default;
 

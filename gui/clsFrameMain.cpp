@@ -6,7 +6,11 @@
 #include <wx/sizer.h>
 #include <wx/splitter.h>
 
+#include <algorithm>
+#include <memory>
+
 #include "data/clsPDataSeqCtrl.h"
+#include "data/clsPreference.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFaultBar.h"
 #include "gui/clsFrameParts.h"
@@ -26,7 +30,6 @@ const wxSize kFirstSize(1280, 800);
 constexpr int kTimelineHeight = 230;
 constexpr int kPagesWidth = 340;
 constexpr int kLeastPart = 120;
-constexpr int kSashWidth = 16;
 
 void TellViews(wxWindow& window, std::uint64_t updateBits) {
     if (auto* view = dynamic_cast<SettingsView_cls*>(&window)) view->ShowSettings(updateBits);
@@ -49,6 +52,24 @@ class DropTarget_cls : public wxFileDropTarget {
     FrameMain_cls& mFrame;
 };
 
+/// Keeps the part behind the sash as large as it is wanted, also after the window was too small for it:
+/// windows pass through tiny sizes before the window manager grants theirs. `position` is below 0, counted
+/// from the far end.
+void KeepFarPart(wxSplitterWindow& splitter, int position) {
+    const auto wanted = std::make_shared<int>(position);
+    splitter.SetSashPosition(position);
+    splitter.Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [wanted, &splitter](wxSplitterEvent& event) {
+        const wxSize size = splitter.GetClientSize();
+        const bool upright = splitter.GetSplitMode() == wxSPLIT_VERTICAL;
+        *wanted = std::min(event.GetSashPosition() - (upright ? size.x : size.y), -1);
+        event.Skip();
+    });
+    splitter.Bind(wxEVT_SIZE, [wanted, &splitter](wxSizeEvent& event) {
+        event.Skip();
+        splitter.CallAfter([wanted, &splitter] { splitter.SetSashPosition(*wanted); });
+    });
+}
+
 }  // namespace
 
 FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
@@ -65,6 +86,8 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
                  .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mMenu(*this),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
+    mUser.ReadDefaults(mContext.preference.GetItems());
+    mContext.applyPreferences();
     MakeParts();
     ConnectColorCurves(this, mContext);
     MakeMenus();
@@ -76,7 +99,6 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
     }
     Bind(wxEVT_CLOSE_WINDOW, &FrameMain_cls::OnClose, this);
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-        if (mPlaceParts && mPlaceParts()) mPlaceParts = {};
         mPlayback.Work();
         event.Skip();
     });
@@ -136,14 +158,9 @@ void FrameMain_cls::PlaceWindow() {
     }
     const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
     const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
-    // Distances from the far end need the sizes that the window manager grants.
-    mPlaceParts = [this, sash, pages] {
-        if (!IsShownOnScreen() || mTop->GetSize().x + kSashWidth < GetClientSize().x) return false;
-        mHalves->SetSashPosition(sash);
-        if (mTop->IsSplit()) mTop->SetSashPosition(pages);
-        mViews->GetCanvas(0).SetFocus();
-        return true;
-    };
+    KeepFarPart(*mHalves, sash);
+    if (mTop->IsSplit()) KeepFarPart(*mTop, pages);
+    CallAfter([this] { mViews->GetCanvas(0).SetFocus(); });
 }
 
 // Commands
@@ -246,6 +263,7 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
     }
     mContext.timeCtrl.ProcStopPlaying();
     const wxSize size = mHalves->GetClientSize();
+    mUser.SaveDefaults(mContext.preference.GetItems());
     mUser.SaveWindow(*this, mHalves->GetSashPosition() - size.y,
                      mTop->IsSplit() ? mTop->GetSashPosition() - size.x : 0);
     mFiles.Finish();

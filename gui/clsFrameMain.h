@@ -3,7 +3,6 @@
 #include <wx/frame.h>
 
 #include <cstdint>
-#include <functional>
 
 #include "gui/clsFrameContext.h"
 #include "gui/clsFrameFiles.h"
@@ -73,7 +72,6 @@ class FrameMain_cls : public wxFrame {
     FrameMenu_cls mMenu;
     int mObserver;
 
-    std::function<bool()> mPlaceParts;  ///< until it has succeeded
     FaultBar_cls* mFaults = nullptr;
     wxSplitterWindow* mHalves = nullptr;
     wxSplitterWindow* mTop = nullptr;

@@ -109,14 +109,14 @@ void GLAttributeGUI_cls::AddAlpha() {
                          {.low = 0.001, .high = 1.0, .logarithmic = true}, {.min = 0.0},
                          BindNumber(mTitle + " : Alpha Factor", a.mAlphaFactor.mValue)),
                [dependsOnRadius] { return !dependsOnRadius(); });
-    NumberField_cls& base = AddNumber(
-        _("Base"), _("The radius, in the data's length unit, at which the opacity is the colour's own"),
-        {.min = 0.0}, BindNumber(mTitle + " : Base", a.mAlphaDependBase.mValue));
-    NumberField_cls& max =
-        AddNumber(_("Max"), _("Small particles are not more opaque than this"),
-                  {.min = 0.0, .max = 1.0, .step = 0.05}, BindNumber(mTitle + " : Max", a.mAlphaMax.mValue));
-    EnableWhen(base, dependsOnRadius);
-    EnableWhen(max, dependsOnRadius);
+    const std::vector<NumberField_cls*> bounds = AddNumbers(
+        _("Base/Max"),
+        _("Base: the radius, in the data's length unit, at which the opacity is the colour's own. Max: "
+          "small particles are not more opaque than this."),
+        {.min = 0.0},
+        {BindNumber(mTitle + " : Base/Max", a.mAlphaDependBase.mValue),
+         BindNumber(mTitle + " : Base/Max", a.mAlphaMax.mValue)});
+    for (NumberField_cls* bound : bounds) EnableWhen(*bound, dependsOnRadius);
 }
 
 void GLAttributeGUI_cls::AddColors(ColorCurveCtrl_cls& ctrl) {

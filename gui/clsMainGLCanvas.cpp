@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "data/clsPreference.h"
 #include "gui/clsViewGL.h"
 #include "render/clsOffscreenBuffer.h"
 #include "timeline/clsTimeCtrl.h"
@@ -42,7 +43,8 @@ wxSize MainGLCanvas_cls::PixelSize() const {
 std::optional<Picture_cls> MainGLCanvas_cls::ReadPicture() {
     if (!mPicture || !mGL.MakeCurrent(*this)) return std::nullopt;
     mPicture->Bind();
-    return Picture_cls{mPicture->GetWidth(), mPicture->GetHeight(), mPicture->ReadRGB()};
+    return Picture_cls{mPicture->GetWidth(), mPicture->GetHeight(), mPicture->ReadRGB(),
+                       mContext.preference.GetJpegQuality()};
 }
 
 void MainGLCanvas_cls::Redraw() {

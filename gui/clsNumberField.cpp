@@ -118,7 +118,7 @@ void NumberField_cls::Step(int direction) {
     if (!ReadEntry(value)) return;
     double step = mLimits.step;
     if (step <= 0.0)
-        step = value == 0.0 ? 0.1 : std::pow(10.0, std::floor(std::log10(std::abs(value)) - 0.3));
+        step = value == 0.0 ? 0.1 : std::pow(10.0, std::floor(std::log10(std::abs(value))) - 1.0);
     if (mLimits.whole) step = std::max(1.0, std::round(step));
     mText->DiscardEdits();
     mSetting.set(std::clamp(value + direction * step, mLimits.min, mLimits.max));

@@ -15,7 +15,7 @@ struct NumberLimits_cls {
     double max = 1e30;
     bool whole = false;
     wxString unit{};
-    /// What an arrow key or a notch of the wheel adds; 0: a twentieth of the number.
+    /// What an arrow key adds; 0: one in the number's second digit.
     double step = 0.0;
 };
 

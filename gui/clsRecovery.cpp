@@ -32,7 +32,7 @@ Recovery_cls::Recovery_cls(const wxString& folder, Host host)
     SetLastWork([this] {
         if (wxThread::IsMain()) Save();
     });
-    Start(kMinuteMs);
+    Start(kPeriodMs);
 }
 
 Recovery_cls::~Recovery_cls() {
@@ -59,18 +59,18 @@ void Recovery_cls::Discard(const wxString& path) {
     wxRemoveFile(path);
 }
 
-void Recovery_cls::Notify() {
-    const int wanted = mHost.getMinutes();
-    if (wanted < 1 || ++mMinutes < wanted) return;
-    mMinutes = 0;
-    Save();
-}
-
 void Recovery_cls::Save() {
     if (mPath.empty() || !mHost.isModified()) return;
     const size_t state = mHost.getState();
     if (mSavedState == state) return;
     if (mHost.save(mPath)) mSavedState = state;
+}
+
+void Recovery_cls::Notify() {
+    const int interval = mHost.getInterval();
+    if (interval <= 0 || ++mMinutes < interval) return;
+    mMinutes = 0;
+    Save();
 }
 
 void Recovery_cls::Clear() {

@@ -6,10 +6,10 @@
 #include <functional>
 #include <optional>
 
-/// Keeps unsaved work beside the user's settings: every so many minutes when something has changed, and
-/// before the program is ended by force. What another run left is offered once at the next start. A run's
-/// file bears its process number, so that two windows do not take each other's work. Owned by the main
-/// window. Threads: GUI thread; from another one nothing is written.
+/// Keeps unsaved work beside the user's settings: at an interval when something has changed, and before the
+/// program is ended by force. What another run left is offered once at the next start.
+/// A run's file bears its process number, so that two windows do not take each other's work.
+/// Owned by the main window. Threads: GUI thread; from another one nothing is written.
 class Recovery_cls : public wxTimer {
   public:
     struct Host {
@@ -17,9 +17,10 @@ class Recovery_cls : public wxTimer {
         /// Something to tell two states apart by.
         std::function<size_t()> getState;
         std::function<bool(const wxString& path)> save;
-        std::function<int()> getMinutes;  ///< from one writing to the next; 0: only before an end by force
+        /// Minutes from one writing to the next; 0: only before the program is ended by force.
+        std::function<int()> getInterval;
     };
-    static constexpr int kMinuteMs = 60000;
+    static constexpr int kPeriodMs = 60000;
 
     /// An empty folder: nothing is kept.
     Recovery_cls(const wxString& folder, Host host);
@@ -40,5 +41,5 @@ class Recovery_cls : public wxTimer {
     const wxString mPath;
     const Host mHost;
     std::optional<size_t> mSavedState;
-    int mMinutes = 0;
+    int mMinutes = 0;  ///< since the last writing
 };

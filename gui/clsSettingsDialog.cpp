@@ -3,10 +3,12 @@
 #include <wx/button.h>
 #include <wx/display.h>
 #include <wx/sizer.h>
+#include <wx/textctrl.h>
 
 #include <algorithm>
 
 #include "gui/clsSettingsView.h"
+#include "timeline/clsUndoManager.h"
 
 namespace {
 
@@ -39,10 +41,28 @@ SettingsDialog_cls::SettingsDialog_cls(wxWindow& parent, const wxString& title, 
     sizer->Add(mPage, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kGap)));
     sizer->Add(close, wxSizerFlags().Right().Border(wxALL, FromDIP(kGap)));
     SetEscapeId(wxID_CLOSE);
+    Bind(wxEVT_CHAR_HOOK, &SettingsDialog_cls::OnKey, this);
     SetSizerAndFit(sizer);
     // On a small screen the page scrolls.
     const wxRect screen = wxDisplay(&parent).GetClientArea();
     SetMinSize(wxSize());
     SetSize(wxSize(std::min(GetSize().x, screen.width - kDesktop),
                    std::min(GetSize().y, screen.height - kDesktop)));
+}
+
+void SettingsDialog_cls::OnKey(wxKeyEvent& event) {
+    // The keys of the main window's menus do not reach a dialog, and what is changed here can be undone here.
+    const auto* text = dynamic_cast<wxTextCtrl*>(FindFocus());
+    const bool typing = text && text->IsModified();
+    const int key = event.GetKeyCode();
+    const int modifiers = event.GetModifiers();
+    const bool undo = key == 'Z' && modifiers == wxMOD_CONTROL;
+    const bool redo = key == 'Z' && modifiers == (wxMOD_CONTROL | wxMOD_SHIFT);
+    if (typing || (!undo && !redo)) {
+        event.Skip();
+    } else if (undo) {
+        GCUndoList.UndoCurrent();
+    } else {
+        GCUndoList.ExecCurrent();
+    }
 }

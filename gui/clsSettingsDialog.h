@@ -5,7 +5,8 @@
 #include <functional>
 
 /// A window around one page of settings that stays open beside the main window and blocks nothing: what is
-/// changed in it acts at once. Escape or Close closes it. There is one of each title.
+/// changed in it acts at once. Escape or Close closes it; Ctrl+Z
+/// and Ctrl+Shift+Z work as in the main window. There is one of each title.
 /// Owned by its parent window. Threads: GUI thread.
 class SettingsDialog_cls : public wxDialog {
   public:
@@ -18,6 +19,7 @@ class SettingsDialog_cls : public wxDialog {
 
   private:
     SettingsDialog_cls(wxWindow& parent, const wxString& title, const Make& make);
+    void OnKey(wxKeyEvent& event);
 
     wxWindow* mPage;
 };

@@ -7,6 +7,7 @@
 #include <wx/filedlg.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
+#include <wx/slider.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -31,6 +32,10 @@ SettingsPage_cls::SettingsPage_cls(wxWindow* parent)
     SetSizer(new wxBoxSizer(wxHORIZONTAL));
     BeginColumn();
     SetScrollRate(0, FromDIP(kScrollStep));
+    Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+        event.Skip();
+        if (event.GetWindow() != this) ScrollTo(*event.GetWindow());
+    });
 }
 
 wxFlexGridSizer& SettingsPage_cls::Grid() {
@@ -79,6 +84,7 @@ wxChoice& SettingsPage_cls::AddChoice(const wxString& label, const wxString& too
     auto* choice =
         new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, names, 0, wxDefaultValidator, label);
     choice->SetToolTip(tooltip);
+    ScrollByWheel(*choice);
     choice->Bind(wxEVT_CHOICE, [setting](wxCommandEvent& event) {
         setting.set(static_cast<unsigned int>(event.GetSelection()));
     });
@@ -101,10 +107,11 @@ NumberField_cls& SettingsPage_cls::AddNumber(const wxString& label, const wxStri
     return *field;
 }
 
-void SettingsPage_cls::AddNumbers(const wxString& label, const wxString& tooltip,
-                                  const NumberLimits_cls& limits,
-                                  const std::vector<Setting_cls<double>>& settings) {
+std::vector<NumberField_cls*> SettingsPage_cls::AddNumbers(const wxString& label, const wxString& tooltip,
+                                                           const NumberLimits_cls& limits,
+                                                           const std::vector<Setting_cls<double>>& settings) {
     AddLabel(label);
+    std::vector<NumberField_cls*> fields;
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     for (size_t i = 0; i < settings.size(); ++i) {
         const bool last = i + 1 == settings.size();
@@ -113,9 +120,11 @@ void SettingsPage_cls::AddNumbers(const wxString& label, const wxString& tooltip
         auto* field =
             new NumberField_cls(this, wxString::Format("%s %zu", label, i), tooltip, own, settings[i]);
         row->Add(field, wxSizerFlags(last ? 1 : 0).CenterVertical());
+        fields.push_back(field);
         AddRefresher([field] { field->RefreshFromModel(); });
     }
     Grid().Add(row, wxSizerFlags().Expand());
+    return fields;
 }
 
 SliderField_cls& SettingsPage_cls::AddSlider(const wxString& label, const wxString& tooltip,
@@ -124,6 +133,7 @@ SliderField_cls& SettingsPage_cls::AddSlider(const wxString& label, const wxStri
                                              const Setting_cls<double>& setting) {
     AddLabel(label);
     auto* field = new SliderField_cls(this, label, tooltip, range, limits, setting);
+    ScrollByWheel(field->GetSlider());
     AddControl(field, true);
     AddRefresher([field] { field->RefreshFromModel(); });
     return *field;
@@ -155,6 +165,19 @@ void SettingsPage_cls::AddColor(const wxString& label, const wxString& tooltip,
     });
     AddControl(picker, false);
     AddRefresher([picker, setting] { picker->SetColour(ToColour(setting.get())); });
+}
+
+void SettingsPage_cls::ScrollTo(const wxWindow& control) {
+    const int top = ScreenToClient(control.GetScreenPosition()).y;
+    const int below = top + control.GetSize().y + FromDIP(kGap) - GetClientSize().y;
+    const int way = top < 0 ? top - FromDIP(kGap) : std::max(below, 0);
+    const int step = FromDIP(kScrollStep);
+    if (way != 0)
+        Scroll(wxDefaultCoord, GetViewStart().y + (way > 0 ? (way + step - 1) / step : way / step - 1));
+}
+
+void SettingsPage_cls::ScrollByWheel(wxWindow& control) {
+    control.Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) { HandleOnMouseWheel(event); });
 }
 
 void SettingsPage_cls::EnterText(wxTextCtrl& text, const Setting_cls<wxString>& setting) {

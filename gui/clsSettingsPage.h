@@ -34,8 +34,9 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
     NumberField_cls& AddNumber(const wxString& label, const wxString& tooltip, const NumberLimits_cls& limits,
                                const Setting_cls<double>& setting);
     /// Several numbers in one row, e.g. the components of a vector. Window names end in " 0", " 1", ...
-    void AddNumbers(const wxString& label, const wxString& tooltip, const NumberLimits_cls& limits,
-                    const std::vector<Setting_cls<double>>& settings);
+    std::vector<NumberField_cls*> AddNumbers(const wxString& label, const wxString& tooltip,
+                                             const NumberLimits_cls& limits,
+                                             const std::vector<Setting_cls<double>>& settings);
     SliderField_cls& AddSlider(const wxString& label, const wxString& tooltip,
                                const SliderField_cls::Range& range, const NumberLimits_cls& limits,
                                const Setting_cls<double>& setting);
@@ -73,6 +74,10 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
   private:
     void AddLabel(const wxString& label);
     void AddControl(wxWindow* control, bool stretch);
+    /// What the Tab key reaches comes into view.
+    void ScrollTo(const wxWindow& control);
+    /// The wheel scrolls the page and changes no control that happens to pass under the mouse.
+    void ScrollByWheel(wxWindow& control);
     static void EnterText(wxTextCtrl& text, const Setting_cls<wxString>& setting);
     wxFlexGridSizer& Grid();
 

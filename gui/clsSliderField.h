@@ -22,7 +22,7 @@ class SliderField_cls : public wxPanel {
                     const NumberLimits_cls& limits, const Setting_cls<double>& setting);
 
     void RefreshFromModel();
-    NumberField_cls& GetField() { return *mField; }
+    wxSlider& GetSlider() { return *mSlider; }
 
   private:
     double FromPosition(int position) const;

@@ -6,11 +6,14 @@
 #include <wx/stdpaths.h>
 #include <wx/toplevel.h>
 
+#include "CONFITEM/clsConfItemList.h"
+
 namespace {
 
 constexpr const char* kFolder = "varnholt3";
 constexpr const char* kFile = "window.conf";
 constexpr const char* kRecent = "/Recent";
+constexpr const char* kDefaults = "/Defaults/";
 
 wxString UserFolder() {
     wxStandardPaths& paths = wxStandardPaths::Get();
@@ -69,6 +72,23 @@ std::vector<wxString> UserSettings_cls::GetRecent() const {
 void UserSettings_cls::ShowRecentIn(wxMenu& menu) {
     mRecent.UseMenu(&menu);
     mRecent.AddFilesToMenu(&menu);
+}
+
+void UserSettings_cls::SaveDefaults(const ConfItemList_cls& items) {
+    if (!mConfig) return;
+    for (const ConfItem_cls* item : items.GetItems())
+        mConfig->Write(kDefaults + item->GetKey().BeforeLast('='),
+                       item->Serialize().Mid(item->GetKey().length()).BeforeLast('\n'));
+    Flush();
+}
+
+void UserSettings_cls::ReadDefaults(ConfItemList_cls& items) const {
+    for (ConfItem_cls* item : items.GetItems()) {
+        wxString text;
+        const wxString name = kDefaults + item->GetKey().BeforeLast('=');
+        if (mConfig && mConfig->Read(name, &text) && item->Accepts(text))
+            item->ReadStrLine(item->GetKey() + text);
+    }
 }
 
 void UserSettings_cls::SaveWindow(const wxTopLevelWindow& window, int sash, int pages) {

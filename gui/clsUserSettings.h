@@ -9,13 +9,14 @@
 #include <optional>
 #include <vector>
 
+class ConfItemList_cls;
 class wxTopLevelWindow;
 class wxMenu;
 
-/// What belongs to the user and to no project: recent projects, the window's place, where unsaved work is
-/// kept. Held in a second file in the user's configuration directory, so that the configuration file keeps
-/// its four sections. Owned by the main window. Threads: GUI thread.
-/// Failure: what cannot be read or written is as if there were nothing.
+/// What belongs to the user and to no project: recent projects, the window's place, defaults of new projects,
+/// where unsaved work is kept. Held in a second file in the user's configuration directory, so that the
+/// configuration file keeps its four sections. Owned by the main window. Threads: GUI thread. Failure: what
+/// cannot be read or written is as if there were nothing.
 class UserSettings_cls {
   public:
     /// Nothing is read or written when it is not kept.
@@ -32,6 +33,10 @@ class UserSettings_cls {
     std::vector<wxString> GetRecent() const;
     /// A menu that always lists the recent projects; its items have the identifiers from wxID_FILE1 on.
     void ShowRecentIn(wxMenu& menu);
+
+    /// The settings used last, as the defaults of new projects. What is no value of an item is passed over.
+    void SaveDefaults(const ConfItemList_cls& items);
+    void ReadDefaults(ConfItemList_cls& items) const;
 
     void SaveWindow(const wxTopLevelWindow& window, int sash, int pages);
     struct Window {

@@ -16,7 +16,6 @@ namespace {
 /// of points as well as any.
 constexpr int kPngLevel = 3;
 constexpr int kPngFilterSub = 0x10;
-constexpr int kJpegQuality = 92;
 
 wxBitmapType FormatOf(const wxString& path) {
     const wxString extension = SplitPath_cls(path).mExtension.Lower();
@@ -42,7 +41,7 @@ wxString ImageFile_cls::Write(const wxString& path, const Picture_cls& picture) 
     wxImage image(picture.mWidth, picture.mHeight, const_cast<uint8_t*>(picture.mRGB.data()), true);
     image.SetOption(wxIMAGE_OPTION_PNG_COMPRESSION_LEVEL, kPngLevel);
     image.SetOption(wxIMAGE_OPTION_PNG_FILTER, kPngFilterSub);
-    image.SetOption(wxIMAGE_OPTION_QUALITY, kJpegQuality);
+    image.SetOption(wxIMAGE_OPTION_QUALITY, picture.mJpegQuality);
 
     wxMemoryOutputStream stream;
     if (!image.SaveFile(stream, FormatOf(path))) return path + ": the picture cannot be encoded";

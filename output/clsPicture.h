@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <vector>
 
-/// A picture in memory: three bytes a pixel, the top row first.
+/// A picture in memory: three bytes a pixel, the top row first; and how well it is to be written as JPEG, 1
+/// to 100.
 struct Picture_cls {
     int mWidth = 0;
     int mHeight = 0;
     std::vector<uint8_t> mRGB{};
+    int mJpegQuality = 92;
 };
