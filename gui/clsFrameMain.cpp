@@ -52,6 +52,13 @@ class DropTarget_cls : public wxFileDropTarget {
     FrameMain_cls& mFrame;
 };
 
+/// A sash's place counted from the far end, below 0, as wxSplitterWindow takes it back.
+int FromFarEnd(const wxSplitterWindow& splitter, int position) {
+    const wxSize size = splitter.GetClientSize();
+    const bool upright = splitter.GetSplitMode() == wxSPLIT_VERTICAL;
+    return std::min(position - (upright ? size.x : size.y), -1);
+}
+
 /// Keeps the part behind the sash as large as it is wanted, also after the window was too small for it:
 /// windows pass through tiny sizes before the window manager grants theirs. `position` is below 0, counted
 /// from the far end.
@@ -59,9 +66,7 @@ void KeepFarPart(wxSplitterWindow& splitter, int position) {
     const auto wanted = std::make_shared<int>(position);
     splitter.SetSashPosition(position);
     splitter.Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [wanted, &splitter](wxSplitterEvent& event) {
-        const wxSize size = splitter.GetClientSize();
-        const bool upright = splitter.GetSplitMode() == wxSPLIT_VERTICAL;
-        *wanted = std::min(event.GetSashPosition() - (upright ? size.x : size.y), -1);
+        *wanted = FromFarEnd(splitter, event.GetSashPosition());
         event.Skip();
     });
     splitter.Bind(wxEVT_SIZE, [wanted, &splitter](wxSizeEvent& event) {
@@ -262,10 +267,9 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
         return;
     }
     mContext.timeCtrl.ProcStopPlaying();
-    const wxSize size = mHalves->GetClientSize();
     mUser.SaveDefaults(mContext.preference.GetItems());
-    mUser.SaveWindow(*this, mHalves->GetSashPosition() - size.y,
-                     mTop->IsSplit() ? mTop->GetSashPosition() - size.x : 0);
+    mUser.SaveWindow(*this, FromFarEnd(*mHalves, mHalves->GetSashPosition()),
+                     mTop->IsSplit() ? FromFarEnd(*mTop, mTop->GetSashPosition()) : 0);
     mFiles.Finish();
     if (!mContext.quit()) UserMessage_cls::Tell("Warning", "The configuration could not be written.");
     Destroy();
