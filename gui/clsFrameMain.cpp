@@ -136,9 +136,10 @@ void FrameMain_cls::MakeParts() {
         mTop->Initialize(mViews);
     }
     wxWindow* timeline = MakeBottomHalf(mHalves, mContext);
-    if (auto* panel = dynamic_cast<TimelinePanel_cls*>(timeline)) {
-        panel->SetPlayActions({.start = [this](int increment) { mPlayback.Start(increment); },
-                               .stop = [this] { mPlayback.Stop(); }});
+    mTimeline = dynamic_cast<TimelinePanel_cls*>(timeline);
+    if (mTimeline) {
+        mTimeline->SetPlayActions({.start = [this](int increment) { mPlayback.Start(increment); },
+                                   .stop = [this] { mPlayback.Stop(); }});
     }
     mHalves->SplitHorizontally(mTop, timeline, -FromDIP(kTimelineHeight));
     auto* column = new wxBoxSizer(wxVERTICAL);
@@ -204,6 +205,7 @@ void FrameMain_cls::RefreshAll() {
     mInstant.Forget();
     mFaults->Dismiss();
     ShowSettings(SettingsView_cls::kAll);
+    if (mTimeline) mTimeline->RefreshFromModel();
     ShowTitle();
     mStatus->RefreshFromModel();
     mViews->Redraw();

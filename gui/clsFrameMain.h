@@ -16,6 +16,7 @@
 
 class FaultBar_cls;
 class FrameStatus_cls;
+class TimelinePanel_cls;
 class TopHalfPanel_cls;
 class wxNotebook;
 class wxSplitterWindow;
@@ -76,6 +77,7 @@ class FrameMain_cls : public wxFrame {
     wxSplitterWindow* mHalves = nullptr;
     wxSplitterWindow* mTop = nullptr;
     TopHalfPanel_cls* mViews = nullptr;
+    TimelinePanel_cls* mTimeline = nullptr;
     wxNotebook* mPages = nullptr;
     FrameStatus_cls* mStatus = nullptr;
 };
