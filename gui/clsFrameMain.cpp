@@ -30,6 +30,7 @@ const wxSize kFirstSize(1280, 800);
 constexpr int kTimelineHeight = 230;
 constexpr int kPagesWidth = 340;
 constexpr int kLeastPart = 120;
+constexpr int kLeastWidth = 260;  // below it the pages' controls do not fit
 
 void TellViews(wxWindow& window, std::uint64_t updateBits) {
     if (auto* view = dynamic_cast<SettingsView_cls*>(&window)) view->ShowSettings(updateBits);
@@ -125,7 +126,7 @@ void FrameMain_cls::MakeParts() {
     mPages = new wxNotebook(mTop, wxID_ANY);
     for (const FramePage_cls& page : FramePages()) mPages->AddPage(page.make(mPages, mContext), page.title);
     for (wxSplitterWindow* splitter : {mHalves, mTop}) {
-        splitter->SetMinimumPaneSize(FromDIP(kLeastPart));
+        splitter->SetMinimumPaneSize(FromDIP(splitter == mTop ? kLeastWidth : kLeastPart));
         // The views take what the window gains.
         splitter->SetSashGravity(1.0);
     }

@@ -259,6 +259,9 @@ wxString ImgSequenceGUI_cls::DescribeEnd() const {
 
 void ImgSequenceGUI_cls::ShowState() {
     const bool running = IsSaving();
+    // Keys go nowhere from a button that is disabled: Escape has to close the dialog.
+    const wxWindow* focus = FindFocus();
+    if (focus && (running ? focus == mSave : focus == mPause || focus == mCancel)) mPattern->SetFocus();
     mSave->Enable(!running);
     mPause->Enable(running);
     mCancel->Enable(running);

@@ -117,6 +117,8 @@ TEST_F(ImgSequenceGuiTest, CancellingLeavesWholePicturesOnly) {
     }
     EXPECT_GE(pictures, 4);
     EXPECT_LT(pictures, 4000);
+    mUser.Press("Escape");
+    EXPECT_TRUE(WaitFor([this] { return !mDialog->IsShown(); })) << "the keys went to a disabled button";
 }
 
 }  // namespace
