@@ -79,6 +79,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
       mPlayback(context, mInstant, mClock,
                 {.isDrawn = [this] { return mViews->IsDrawn(); }, .redraw = [this] { mViews->Redraw(); }}),
       mMenu(*this),
+      mDialogs([this] { CallAfter([this] { Close(); }); }),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
     mUser.ReadDefaults(mContext.preference.GetItems());
     mContext.applyPreferences();
@@ -234,6 +235,12 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
     if (mClock.IsWaiting()) {
         event.Veto();
         CallAfter([this] { Close(); });
+        return;
+    }
+    // Dialogs on the stack are the window's children: they return first.
+    if (mDialogs.IsAnyOpen()) {
+        event.Veto();
+        mDialogs.Cancel();
         return;
     }
     if (event.CanVeto() && !mFiles.MayLoseChanges()) {

@@ -8,6 +8,7 @@
 #include "gui/clsFrameFiles.h"
 #include "gui/clsFrameMenu.h"
 #include "gui/clsFrameSink.h"
+#include "gui/clsModalDialogs.h"
 #include "gui/clsPlayback.h"
 #include "gui/clsShownInstant.h"
 #include "gui/clsUserSettings.h"
@@ -67,6 +68,7 @@ class FrameMain_cls : public wxFrame {
     ShownInstant_cls mInstant;
     Playback_cls mPlayback;
     FrameMenu_cls mMenu;
+    ModalDialogs_cls mDialogs;
     int mObserver;
 
     wxSplitterWindow* mHalves = nullptr;
