@@ -9,6 +9,7 @@
 
 #include "core/clsCommandLoadData.h"
 #include "core/clsProjectFile.h"
+#include "data/clsBodyProgress.h"
 #include "data/clsThreadAsciiReader.h"
 #include "data/clsThreadFileReader.h"
 #include "interp/clsSnapData.h"
@@ -55,7 +56,7 @@ Main_cls::Main_cls(const wxString& programFolder)
 }
 
 Main_cls::~Main_cls() {
-    WaitThreadFinish();
+    CloseData();
     GCUndoList.Clear();
     ComParamBase_cls::SetLookUp({});
     for (int i = 0; i < PDataSeqCtrl_cls::kSequences; ++i) mSeqCtrl.GetSequence(i).SetReleaseObserver({});
@@ -128,7 +129,10 @@ void Main_cls::CutLongSeries() {
 }
 
 void Main_cls::CloseData() {
+    // Nobody will look at what is being read.
+    GbThreadReaderAbandoned.store(true, std::memory_order_relaxed);
     WaitThreadFinish();
+    GbThreadReaderAbandoned.store(false, std::memory_order_relaxed);
     mSeqCtrl.ClearData(PDataSeqCtrl_cls::kActive, PDataSequence_cls::kAll, true);
     mState.Release();
 }

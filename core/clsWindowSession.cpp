@@ -51,6 +51,7 @@ FrameContext_cls WindowSession_cls::MakeContext() {
                     UserMessage_cls::Tell("Warning", path + " is no project");
                     return false;
                 },
+            .applySetting = [&main](const wxString& line) { main.GetProjectFile().ApplySetting(line); },
             .saveProject =
                 [&main](const wxString& path) {
                     const bool saved = main.SaveProjectFile(path, true) == 1;

@@ -28,6 +28,10 @@ BodyReport_cls BinaryBody_cls::ReadPieces(std::span<char> buffer) {
         const int piece = mNextPiece.fetch_add(1, std::memory_order_relaxed);
         if (piece >= mPieceCount) return report;
         const int first = piece * mPieceRecords;
+        if (GbThreadReaderAbandoned.load(std::memory_order_relaxed)) {
+            report.mRecords = first;
+            return report;
+        }
         const int wanted = std::min(mPieceRecords, mTarget.mCount - first);
         const size_t recordByte = mReader.GetRecordByte();
         const size_t got = mFile.ReadAt(mStart + static_cast<uint64_t>(first) * recordByte, buffer.data(),

@@ -3,6 +3,7 @@
 #include "seam/clsEventSink.h"
 
 std::atomic<int> GThreadReaderPercentage{0};
+std::atomic<bool> GbThreadReaderAbandoned{false};
 
 void BodyProgress_cls::Add(int particles) {
     const long long before = mDone.fetch_add(particles, std::memory_order_relaxed);

@@ -30,6 +30,7 @@ int TextBody_cls::ReadAllPieces() {
         while (!piece.isFree.load(std::memory_order_acquire)) {
             if (!ParseNextPiece()) PollUntil(piece.isFree, kRingPeriodMs);
         }
+        if (GbThreadReaderAbandoned.load(std::memory_order_relaxed)) break;
         if (!mLines.Next(&piece.bytes, &piece.lines)) break;
         piece.first = records;
         piece.records = AsciiReader_cls::CountRecords(piece.lines, mTarget.mCount - records);

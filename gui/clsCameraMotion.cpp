@@ -11,7 +11,7 @@ namespace CameraMotion {
 namespace {
 
 constexpr double kDollyFactor = 0.9;
-constexpr double kPickPixels = 8.0;
+constexpr double kPickPixels = 16.0;
 /// Steps of the wheel that a single event may stand for.
 constexpr double kMaxSteps = 200.0;
 

@@ -57,6 +57,8 @@ struct FrameContext_cls {
     std::function<void(const wxString& path)> openData;  ///< as a step of the undo list
     std::function<void()> closeData;                     ///< the same
     std::function<bool(const wxString& path)> openProject;
+    /// One KEY=VALUE line, past the undo list.
+    std::function<void(const wxString& line)> applySetting;
     /// Empty, or why the project could not be written.
     std::function<wxString(const wxString& path)> saveProject;
     /// Writes the state as a project and changes nothing else: it stays unsaved. False when that fails.

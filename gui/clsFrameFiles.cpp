@@ -66,6 +66,7 @@ void FrameFiles_cls::Open(const wxString& path) {
 }
 
 void FrameFiles_cls::Adopt(const wxString& project) {
+    mWantsLook = false;
     mProject = project;
     mRecovered = false;
     mRecovery.Clear();
@@ -102,6 +103,7 @@ void FrameFiles_cls::TakeData(const std::function<bool()>& open) {
     mContext.timeCtrl.SetFrameNative(0);
     mContext.timeCtrl.SetStepNative(0);
     if (blank) GCUndoList.MarkSaved();
+    mWantsLook = blank;
     mReplaced();
 }
 

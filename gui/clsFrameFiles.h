@@ -3,6 +3,7 @@
 #include <wx/string.h>
 
 #include <functional>
+#include <utility>
 
 #include "gui/clsFrameContext.h"
 #include "gui/clsRecovery.h"
@@ -40,6 +41,8 @@ class FrameFiles_cls {
     void OfferRecovery();
     /// A change was made: the recovery has something to do.
     void NoteChange() { ++mChanges; }
+    /// True once after data were opened that no project and no change has set up.
+    bool TakeWantsLook() { return std::exchange(mWantsLook, false); }
     /// The window is about to close: nothing is kept for recovery.
     void Finish() { mRecovery.Clear(); }
 
@@ -58,5 +61,6 @@ class FrameFiles_cls {
     Recovery_cls mRecovery;
     wxString mProject;  ///< empty: no name yet
     size_t mChanges = 0;
+    bool mWantsLook = false;
     bool mRecovered = false;  ///< what is open came from another run and is not saved anywhere
 };

@@ -3,6 +3,7 @@
 #include <wx/display.h>
 #include <wx/dnd.h>
 #include <wx/notebook.h>
+#include <wx/sizer.h>
 #include <wx/splitter.h>
 
 #include <algorithm>
@@ -11,11 +12,14 @@
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
 #include "gui/clsEditorParts.h"
+#include "gui/clsFaultBar.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsFrameStatus.h"
+#include "gui/clsMainGLCanvas.h"
 #include "gui/clsSettingsView.h"
 #include "gui/clsTimelinePanel.h"
 #include "gui/clsTopHalfPanel.h"
+#include "render/clsFirstLook.h"
 #include "timeline/clsCommandItem.h"
 #include "timeline/clsTimeCtrl.h"
 #include "timeline/clsUndoManager.h"
@@ -48,6 +52,13 @@ class DropTarget_cls : public wxFileDropTarget {
     FrameMain_cls& mFrame;
 };
 
+/// A sash's place counted from the far end, below 0, as wxSplitterWindow takes it back.
+int FromFarEnd(const wxSplitterWindow& splitter, int position) {
+    const wxSize size = splitter.GetClientSize();
+    const bool upright = splitter.GetSplitMode() == wxSPLIT_VERTICAL;
+    return std::min(position - (upright ? size.x : size.y), -1);
+}
+
 /// Keeps the part behind the sash as large as it is wanted, also after the window was too small for it:
 /// windows pass through tiny sizes before the window manager grants theirs. `position` is below 0, counted
 /// from the far end.
@@ -55,9 +66,7 @@ void KeepFarPart(wxSplitterWindow& splitter, int position) {
     const auto wanted = std::make_shared<int>(position);
     splitter.SetSashPosition(position);
     splitter.Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [wanted, &splitter](wxSplitterEvent& event) {
-        const wxSize size = splitter.GetClientSize();
-        const bool upright = splitter.GetSplitMode() == wxSPLIT_VERTICAL;
-        *wanted = std::min(event.GetSashPosition() - (upright ? size.x : size.y), -1);
+        *wanted = FromFarEnd(splitter, event.GetSashPosition());
         event.Skip();
     });
     splitter.Bind(wxEVT_SIZE, [wanted, &splitter](wxSizeEvent& event) {
@@ -75,9 +84,11 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
       mMessage(*this),
       mUser(context.keepsUserSettings),
       mFiles(*this, context, mUser, [this] { RefreshAll(); }),
-      mInstant(context),
+      mInstant(context, [this](const SnapData_cls& state) { SuggestFirstLook(state); }),
       mPlayback(context, mInstant, mClock,
-                {.isDrawn = [this] { return mViews->IsDrawn(); }, .redraw = [this] { mViews->Redraw(); }}),
+                {.isDrawn = [this] { return mViews->IsDrawn(); },
+                 .redraw = [this] { mViews->Redraw(); },
+                 .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mMenu(*this),
       mDialogs([this] { CallAfter([this] { Close(); }); }),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
@@ -106,6 +117,7 @@ FrameMain_cls::~FrameMain_cls() {
 }
 
 void FrameMain_cls::MakeParts() {
+    mFaults = new FaultBar_cls(this);
     mHalves = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                    wxSP_LIVE_UPDATE | wxSP_3DSASH, "halves");
     mTop = new wxSplitterWindow(mHalves, wxID_ANY, wxDefaultPosition, wxDefaultSize,
@@ -125,11 +137,16 @@ void FrameMain_cls::MakeParts() {
         mTop->Initialize(mViews);
     }
     wxWindow* timeline = MakeBottomHalf(mHalves, mContext);
-    if (auto* panel = dynamic_cast<TimelinePanel_cls*>(timeline)) {
-        panel->SetPlayActions({.start = [this](int increment) { mPlayback.Start(increment); },
-                               .stop = [this] { mPlayback.Stop(); }});
+    mTimeline = dynamic_cast<TimelinePanel_cls*>(timeline);
+    if (mTimeline) {
+        mTimeline->SetPlayActions({.start = [this](int increment) { mPlayback.Start(increment); },
+                                   .stop = [this] { mPlayback.Stop(); }});
     }
     mHalves->SplitHorizontally(mTop, timeline, -FromDIP(kTimelineHeight));
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(mFaults, 0, wxEXPAND);
+    column->Add(mHalves, 1, wxEXPAND);
+    SetSizer(column);
     mStatus = new FrameStatus_cls(this, mContext);
     SetStatusBar(mStatus);
 }
@@ -150,6 +167,7 @@ void FrameMain_cls::PlaceWindow() {
     const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
     KeepFarPart(*mHalves, sash);
     if (mTop->IsSplit()) KeepFarPart(*mTop, pages);
+    CallAfter([this] { mViews->GetCanvas(0).SetFocus(); });
 }
 
 // Commands
@@ -186,11 +204,21 @@ void FrameMain_cls::RemoveCache(bool all) {
 
 void FrameMain_cls::RefreshAll() {
     mInstant.Forget();
+    mFaults->Dismiss();
     ShowSettings(SettingsView_cls::kAll);
+    if (mTimeline) mTimeline->RefreshFromModel();
     ShowTitle();
     mStatus->RefreshFromModel();
     mViews->Redraw();
     mPlayback.Work();
+}
+
+void FrameMain_cls::SuggestFirstLook(const SnapData_cls& state) {
+    if (!mFiles.TakeWantsLook()) return;
+    for (const wxString& line : SuggestLook(state, mViews->GetCanvas(0).GetClientSize().y))
+        mContext.applySetting(line);
+    mInstant.Invalidate();
+    ShowSettings(SettingsView_cls::kAll);
 }
 
 void FrameMain_cls::ShowSettings(std::uint64_t updateBits) {
@@ -248,11 +276,9 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
         return;
     }
     mContext.timeCtrl.ProcStopPlaying();
-    mContext.waitThreadFinish();
-    const wxSize size = mHalves->GetClientSize();
     mUser.SaveDefaults(mContext.preference.GetItems());
-    mUser.SaveWindow(*this, mHalves->GetSashPosition() - size.y,
-                     mTop->IsSplit() ? mTop->GetSashPosition() - size.x : 0);
+    mUser.SaveWindow(*this, FromFarEnd(*mHalves, mHalves->GetSashPosition()),
+                     mTop->IsSplit() ? FromFarEnd(*mTop, mTop->GetSashPosition()) : 0);
     mFiles.Finish();
     if (!mContext.quit()) UserMessage_cls::Tell("Warning", "The configuration could not be written.");
     Destroy();

@@ -15,7 +15,9 @@
 #include "gui/clsWindowClock.h"
 #include "gui/clsWindowMessage.h"
 
+class FaultBar_cls;
 class FrameStatus_cls;
+class TimelinePanel_cls;
 class TopHalfPanel_cls;
 class wxNotebook;
 class wxSplitterWindow;
@@ -44,6 +46,8 @@ class FrameMain_cls : public wxFrame {
     std::vector<FrameMenu_cls::Entry> AnimationEntries();
     std::vector<FrameMenu_cls::Entry> RenderEntries();
     void PlaceWindow();
+    /// Data that nobody has set up yet get a look that shows something.
+    void SuggestFirstLook(const SnapData_cls& state);
     void TogglePlay();
     void GoToFrame(int frame);
     void Undo();
@@ -71,9 +75,11 @@ class FrameMain_cls : public wxFrame {
     ModalDialogs_cls mDialogs;
     int mObserver;
 
+    FaultBar_cls* mFaults = nullptr;
     wxSplitterWindow* mHalves = nullptr;
     wxSplitterWindow* mTop = nullptr;
     TopHalfPanel_cls* mViews = nullptr;
+    TimelinePanel_cls* mTimeline = nullptr;
     wxNotebook* mPages = nullptr;
     FrameStatus_cls* mStatus = nullptr;
 };

@@ -5,6 +5,7 @@
 #include "data/clsPDataSeqCtrl.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFrameContext.h"
+#include "gui/clsInformationGUI.h"
 #include "gui/clsPovRayGUI.h"
 #include "gui/clsSceneGUI.h"
 #include "gui/clsTimelinePanel.h"
@@ -31,6 +32,8 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
          OpenLightSources},
         {Menu::View, _("&Color Curve Editor..."), _("Colours by value: keys, scaling and templates"),
          OpenColorCurveEditor},
+        {Menu::Data, _("&Information...\tCtrl+I"), _("What there is to know about the data and this frame"),
+         OpenInformation},
         {Menu::Data, _("&Periodic Boundary Condition..."), _("The box of periodic data"),
          OpenPeriodicBoundary},
         {Menu::Render, _("&POV-Ray..."), _("Ray-traced pictures: options, scenes and renders"), OpenPovRay},

@@ -30,6 +30,29 @@ std::vector<double> ValuesOf(const ViewCamera_cls& camera, CameraPath_cls::Group
     }
 }
 
+/// Project files keep six decimals: what is seen is what they hold, so that a saved view looks the same when
+/// it is opened. Scenes so small that this would show are left alone.
+double Storable(double value) {
+    return std::round(value * 1e6) / 1e6;
+}
+
+ViewCamera_cls Storable(const ViewCamera_cls& camera) {
+    constexpr double kSmallScene = 0.01;
+    ViewCamera_cls stored = camera;
+    const PositionAndDirection_cls& pose = camera.mPose;
+    const double distance =
+        std::hypot(pose.mPosition[0] - pose.mAnchor[0], pose.mPosition[1] - pose.mAnchor[1],
+                   pose.mPosition[2] - pose.mAnchor[2]);
+    for (size_t i = 0; i < 3; ++i) {
+        stored.mPose.mDirection[i] = Storable(pose.mDirection[i]);
+        stored.mPose.mUp[i] = Storable(pose.mUp[i]);
+        if (distance < kSmallScene) continue;
+        stored.mPose.mPosition[i] = Storable(pose.mPosition[i]);
+        stored.mPose.mAnchor[i] = Storable(pose.mAnchor[i]);
+    }
+    return stored;
+}
+
 bool IsAnimated(const ParamGroup_cls& group) {
     return group.GetParameter(0).IsTimeDependent();
 }
@@ -120,7 +143,7 @@ void PanelCamera_cls::Store(const wxString& name, const PositionAndDirection_cls
         mMoved.mTime = time;
         push(mMoved.mPose, pose);
     } else {
-        WritePath(name, {pose, mStartAngle});
+        WritePath(name, Storable(ViewCamera_cls{pose, mStartAngle}));
     }
 }
 
@@ -175,7 +198,7 @@ void PanelCamera_cls::SetAngle(double angle) {
 
 void PanelCamera_cls::Key() {
     const double time = mContext.timeCtrl.GetDoubleIndex();
-    const ViewCamera_cls camera = Get();
+    const ViewCamera_cls camera = Storable(Get());
     const UndoBlock_cls block("Key Camera");
     for (size_t i = 0; i < CameraPath_cls::kGroupCount; ++i) {
         const auto which = static_cast<CameraPath_cls::Group>(i);

@@ -62,6 +62,7 @@ void Playback_cls::WorkOnData() {
     const bool ready = mInstant.IsReady();
     if (ready && !mWasReady) mViews.redraw();
     mWasReady = ready;
+    if (ready) TellFaults(index);
     if (GpCThreadReader.load(std::memory_order_acquire)) {
         EventSink_cls::PostToFrame(EventSink_cls::kRefreshStatus);
         mTimer.StartOnce(kReadingMs);
@@ -72,6 +73,15 @@ void Playback_cls::WorkOnData() {
         // Rates may have been refused because others are under way.
         mTimer.StartOnce(kReadingMs);
     }
+}
+
+void Playback_cls::TellFaults(int snapshot) {
+    std::vector<wxString> lines;
+    for (const int index : {snapshot, snapshot + 1}) {
+        for (const wxString& line : mContext.seqCtrl.GetActive().GetSnap(index).TakeProblems())
+            lines.push_back(line);
+    }
+    if (!lines.empty()) mViews.tellFaults(lines);
 }
 
 bool Playback_cls::HasShown() const {

@@ -4,6 +4,7 @@
 #include <wx/timer.h>
 
 #include <functional>
+#include <vector>
 
 #include "gui/clsFrameContext.h"
 
@@ -19,6 +20,8 @@ class Playback_cls : public wxEvtHandler {
     struct Views {
         std::function<bool()> isDrawn;  ///< every view that can be seen shows the current instant
         std::function<void()> redraw;
+        /// What is wrong with files that are shown now.
+        std::function<void(const std::vector<wxString>& lines)> tellFaults;
     };
 
     Playback_cls(FrameContext_cls& context, ShownInstant_cls& instant, const WindowClock_cls& clock,
@@ -33,6 +36,7 @@ class Playback_cls : public wxEvtHandler {
   private:
     void WorkOnData();
     void WorkOnTime();
+    void TellFaults(int snapshot);
     bool HasShown() const;
 
     FrameContext_cls& mContext;

@@ -34,7 +34,12 @@ const SnapData_cls* ShownInstant_cls::Get() {
     mFresh = true;
     mPosition = position;
     mTime = time.GetDoubleIndex();
-    if (mState && mState->GetCount() > 0 && !mFirstBounds) mFirstBounds = BoundsOf(*mState);
+    if (mState && mState->GetCount() > 0 && !mFirstBounds) {
+        mFirstBounds = BoundsOf(*mState);
+        mFirstSeen(*mState);
+        // With the look that they got.
+        if (!mFresh) return Get();
+    }
     return mState;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "gui/clsFrameContext.h"
 #include "render/clsFitToData.h"
@@ -9,7 +11,9 @@
 /// all panels. Nothing here waits for files. Owned by the main window. Threads: GUI thread.
 class ShownInstant_cls {
   public:
-    explicit ShownInstant_cls(FrameContext_cls& context) : mContext(context) {}
+    /// `firstSeen` is called with the first particles of other data, and may change how they look.
+    ShownInstant_cls(FrameContext_cls& context, std::function<void(const SnapData_cls&)> firstSeen)
+        : mContext(context), mFirstSeen(std::move(firstSeen)) {}
 
     /// False while data are awaited or a project is read: nothing may be prepared, panels show the picture
     /// they have.
@@ -41,6 +45,7 @@ class ShownInstant_cls {
 
   private:
     FrameContext_cls& mContext;
+    const std::function<void(const SnapData_cls&)> mFirstSeen;
     const SnapData_cls* mState = nullptr;
     bool mFresh = false;
     double mPosition = 0.0;

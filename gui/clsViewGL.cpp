@@ -1,9 +1,8 @@
 #include "gui/clsViewGL.h"
 
-#include <wx/glcanvas.h>
-
 #include <cstdio>
 
+#include "gui/clsCanvasContext.h"
 #include "gui/clsFrameContext.h"
 #include "render/clsOpenGL.h"
 #include "seam/clsUserMessage.h"
@@ -37,8 +36,8 @@ bool ViewGL_cls::Check() {
 bool ViewGL_cls::MakeCurrent(wxGLCanvas& canvas) {
     if (mFailed) return false;
     const bool first = !mContext;
-    if (first) mContext = std::make_unique<wxGLContext>(&canvas);
-    if (mContext->IsOK() && mContext->SetCurrent(canvas) && (!first || Check())) return true;
+    if (first) mContext = std::make_unique<CanvasContext_cls>(canvas);
+    if (mContext->IsOK() && mContext->MakeCurrentOn(canvas) && (!first || Check())) return true;
     mFailed = true;
     UserMessage_cls::Tell("Warning",
                           "This display has no OpenGL 2.1 with frame buffers: the views stay empty.");

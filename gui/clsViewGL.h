@@ -6,9 +6,9 @@
 
 #include "scene/clsScenePass.h"
 
+class CanvasContext_cls;
 class wxGLAttributes;
 class wxGLCanvas;
-class wxGLContext;
 struct FrameContext_cls;
 
 /// The one OpenGL context of the window, used on all its canvases, and the scene pass that lives in it.
@@ -31,7 +31,7 @@ class ViewGL_cls {
   private:
     bool Check();
 
-    std::unique_ptr<wxGLContext> mContext;
+    std::unique_ptr<CanvasContext_cls> mContext;
     ScenePass_cls mPass;
     bool mFailed = false;
 };

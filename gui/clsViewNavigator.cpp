@@ -99,11 +99,18 @@ void ViewNavigator_cls::OnWheel(wxMouseEvent& event) {
 
 void ViewNavigator_cls::OnDoubleClick(wxMouseEvent& event) {
     End();
+    mFrom = event.GetPosition();
+    SetAnchor();
+    // Whoever clicks and drags at once means the drag as well.
+    mDrag = mPreference.GetGesture(Preference_cls::kLeft);
+    if (mDrag != Drag::None) mView.CaptureMouse();
+}
+
+void ViewNavigator_cls::SetAnchor() {
     const SnapData_cls* state = mInstant.Get();
     if (!state) return;
     PositionAndDirection_cls pose = mCamera.Get().mPose;
-    const auto place =
-        CameraMotion::Pick(pose, GetView(), *state, event.GetPosition().x, event.GetPosition().y);
+    const auto place = CameraMotion::Pick(pose, GetView(), *state, mFrom.x, mFrom.y);
     if (!place) return;
     pose.mAnchor = *place;
     mCamera.Set("Set Anchor", pose);

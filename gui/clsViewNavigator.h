@@ -27,6 +27,8 @@ class ViewNavigator_cls : public wxEvtHandler {
     void OnWheel(wxMouseEvent& event);
     void OnDoubleClick(wxMouseEvent& event);
     void OnKey(wxKeyEvent& event);
+    /// Makes the particle at mFrom the anchor, if there is one.
+    void SetAnchor();
     Drag GetDrag(const wxMouseEvent& event) const;
     void End();
     CameraMotion::View GetView() const;

@@ -56,7 +56,18 @@ ViewToolbar_cls::ViewToolbar_cls(wxWindow* parent, PanelSettings_cls& panel, Pan
     column->Add(mRow, 1, wxEXPAND);
     column->Add(mMark, 0, wxEXPAND);
     SetSizer(column);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent&) { MakeRoom(); });
     ShowSettings(kAll);
+}
+
+void ViewToolbar_cls::MakeRoom() {
+    const std::array<wxWindow*, 3> optional = {mAngle, mWhose, mGeometry};
+    for (wxWindow* control : optional) mRow->Show(control, true);
+    for (wxWindow* control : optional) {
+        if (mRow->CalcMin().x <= GetClientSize().x) break;
+        mRow->Show(control, false);
+    }
+    Layout();
 }
 
 void ViewToolbar_cls::AddGeometry() {

@@ -37,6 +37,8 @@ class ViewToolbar_cls : public wxPanel, public SettingsView_cls {
                    std::function<void()> action);
     void AddSwitch(const wxString& icon, const wxString& tip, ConfItemBOOL_cls& setting);
     void ChooseCamera(int choice);
+    /// Leaves out what a narrow view has no room for, the least needed first.
+    void MakeRoom();
 
     PanelSettings_cls& mPanel;
     PanelCamera_cls& mCamera;

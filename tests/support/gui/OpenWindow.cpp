@@ -24,7 +24,12 @@ OpenWindow_cls::OpenWindow_cls(const std::vector<std::string>& arguments) {
         return mSession->Open();
     });
     if (!opened) throw std::runtime_error("the window does not open");
-    WaitFor([this] { return Frame()->IsShownOnScreen() && Frame()->IsActive(); });
+    WaitFor([this] { return Frame()->IsShownOnScreen() && Frame()->IsActive(); }, 1500);
+    if (OnGui([this] { return Frame()->IsActive(); })) return;
+    // Window managers are wary of windows that no user has asked for.
+    User_cls().Click(
+        OnGui([this] { return ScreenRect(*Frame()->GetStatusBar()).GetPosition() + wxPoint(20, 8); }));
+    WaitFor([this] { return Frame()->IsActive(); }, 3000);
 }
 
 OpenWindow_cls::~OpenWindow_cls() {

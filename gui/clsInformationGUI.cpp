@@ -1,0 +1,69 @@
+#include "gui/clsInformationGUI.h"
+
+#include <wx/listctrl.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+#include "gui/clsFrameContext.h"
+
+namespace {
+
+constexpr const char* kName = "information";
+const wxSize kListSize(520, 170);
+constexpr int kNameWidth = 170;
+
+}  // namespace
+
+InformationGUI_cls::InformationGUI_cls(wxWindow* parent, const Information_cls& information)
+    : wxDialog(parent, wxID_ANY, "Information", wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, kName),
+      mInformation(information) {
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    const auto add = [this, column](const wxString& heading) {
+        auto* title = new wxStaticText(this, wxID_ANY, heading);
+        title->SetFont(title->GetFont().Bold());
+        column->Add(title, 0, wxLEFT | wxRIGHT | wxTOP, FromDIP(10));
+        auto* list = new wxListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
+                                    wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL);
+        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kNameWidth));
+        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kListSize.x - kNameWidth - 20));
+        list->SetToolTip(heading);
+        column->Add(list, 1, wxEXPAND | wxALL, FromDIP(10));
+        return list;
+    };
+    mData = add("Data");
+    mFrame = add("Frame");
+    column->Add(CreateSeparatedButtonSizer(wxCLOSE), 0, wxEXPAND | wxALL, FromDIP(10));
+    SetEscapeId(wxID_CLOSE);
+    // A dialog that blocks nothing ends for good when it is closed.
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { Destroy(); }, wxID_CLOSE);
+    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Destroy(); });
+    SetSizerAndFit(column);
+    ShowSettings(kAll);
+}
+
+void InformationGUI_cls::Fill(wxListCtrl& list, const std::vector<Information_cls::Row>& rows) {
+    list.Freeze();
+    list.DeleteAllItems();
+    for (size_t i = 0; i < rows.size(); ++i) {
+        const long item = list.InsertItem(static_cast<long>(i), rows[i].name);
+        list.SetItem(item, 1, rows[i].value);
+    }
+    list.Thaw();
+}
+
+void InformationGUI_cls::ShowSettings(std::uint64_t) {
+    Fill(*mData, mInformation.GetDataRows());
+    Fill(*mFrame, mInformation.GetFrameRows());
+}
+
+void OpenInformation(wxWindow* parent, FrameContext_cls& context) {
+    wxWindow* dialog = wxWindow::FindWindowByName(kName, parent);
+    if (!dialog) {
+        dialog = new InformationGUI_cls(
+            parent, Information_cls(context.seqCtrl, context.dataLoader, context.timeCtrl));
+    }
+    dialog->Show();
+    dialog->Raise();
+}
