@@ -21,6 +21,10 @@ for preset in $presets; do
     echo "== $preset: building (log: build/test.log)"
     cmake --preset "$preset" -DVARNHOLT_TESTS=ON >"$log" 2>&1 && cmake --build --preset "$preset" >>"$log" 2>&1 ||
         { tail -40 "$log"; fail "the $preset build (see above)"; }
-    ctest --preset "$preset" -j "$(nproc)" || fail "tests of the $preset build (see above)"
+    ctest --preset "$preset" -LE gui -j "$(nproc)" || fail "tests of the $preset build (see above)"
+    # The toolkit's threads are not instrumented, and windows start none of ours: not under tsan. On a busy
+    # machine the window manager may be late for a click: a second try.
+    [ "$preset" = tsan ] || ctest --preset "$preset" -L gui --repeat until-pass:2 ||
+        fail "window tests of the $preset build (see above)"
 done
 echo "OK: all tests of $presets passed"
