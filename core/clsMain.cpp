@@ -39,7 +39,7 @@ wxString ConfigPath(const wxString& programFolder) {
 }  // namespace
 
 Main_cls::Main_cls(const wxString& programFolder)
-    : mConfigPath(ConfigPath(programFolder)), mSeqCtrl(true), mTimeCtrl(MakeTimeHost()) {
+    : mConfigPath(ConfigPath(programFolder)), mSeqCtrl(true), mTimeCtrl(MakeTimeHost(), mParamHost) {
     PDataBlock_cls::mspCDataLoaderLink = &mDataLoader;
     PDataBlock_cls::mspCPeriodicLink = &mPeriodicBoundary;
     ZSort_cls::mspCPreferenceLink = &mPreference;

@@ -109,6 +109,8 @@ class Main_cls {
     ScenePass_cls::Links GetSceneLinks();
     /// The trees of the timeline, the camera's first.
     const std::vector<ParamGroup_cls*>& GetTimeGroups() const { return mTimeGroups; }
+    /// What the groups of those trees ask of a window; empty without one.
+    ParamHost_cls& GetParamHost() { return *mParamHost; }
 
   private:
     TimeHost_cls MakeTimeHost();
@@ -117,12 +119,13 @@ class Main_cls {
 
     // The order is the order of creation. Places of what is not built yet are named.
     wxString mConfigPath;
+    const std::shared_ptr<ParamHost_cls> mParamHost = std::make_shared<ParamHost_cls>();
     DrawOption_cls mDrawOption;
     // FilterCtrl_cls; Exposure_cls, Information_cls, Overlay_cls
     PDataSeqCtrl_cls mSeqCtrl;
     DataLoader_cls mDataLoader;
     DataExporter_cls mDataExporter;
-    CameraPath_cls mCameraPath;
+    CameraPath_cls mCameraPath{mParamHost};
     // AnchorPath_cls
     TimeCtrl_cls mTimeCtrl;
     // FrameMain_cls; what it keeps is here without a window too
@@ -134,7 +137,7 @@ class Main_cls {
     Preference_cls mPreference;
     PeriodicBoundary_cls mPeriodicBoundary;
     // CameraPathCtrl_cls
-    LightSRCCtrl_cls mLightSRCCtrl;
+    LightSRCCtrl_cls mLightSRCCtrl{mParamHost};
     ColorCurveCtrl_cls mColorCurveCtrl;
     // TexPropertyCtrl_cls
     PovRayCtrl_cls mPovRayCtrl;

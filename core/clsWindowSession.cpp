@@ -39,6 +39,7 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .panelSettings = {&main.GetPanelSettings(0), &main.GetPanelSettings(1), &main.GetPanelSettings(2),
                               &main.GetPanelSettings(3)},
             .timeGroups = main.GetTimeGroups(),
+            .paramHost = main.GetParamHost(),
             .projectLoading = GbGLLockProjectLoading,
             .openData = [&main](const wxString& path) { main.GetDataLoader().OpenDataFile(path); },
             .closeData = [&main] { main.CloseDataCommand(); },

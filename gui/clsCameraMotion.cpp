@@ -15,23 +15,6 @@ constexpr double kPickPixels = 16.0;
 /// Steps of the wheel that a single event may stand for.
 constexpr double kMaxSteps = 200.0;
 
-Vector3 Add(const Vector3& a, const Vector3& b, double factor = 1.0) {
-    return {a[0] + factor * b[0], a[1] + factor * b[1], a[2] + factor * b[2]};
-}
-
-double Dot(const Vector3& a, const Vector3& b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-Vector3 Cross(const Vector3& a, const Vector3& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-Vector3 Unit(const Vector3& v) {
-    const double length = std::sqrt(Dot(v, v));
-    return {v[0] / length, v[1] / length, v[2] / length};
-}
-
 bool IsFinite(const Vector3& v) {
     return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
 }
@@ -52,7 +35,7 @@ struct Axes {
 std::optional<Axes> AxesOf(const PositionAndDirection_cls& pose) {
     const Vector3 forward = Unit(pose.mDirection);
     const Vector3 right = Unit(Cross(forward, pose.mUp));
-    if (!IsFinite(right) || !IsFinite(pose.mPosition) || !IsFinite(pose.mAnchor)) return std::nullopt;
+    if (right == Vector3{} || !IsFinite(pose.mPosition) || !IsFinite(pose.mAnchor)) return std::nullopt;
     return Axes{right, Cross(right, forward), forward};
 }
 

@@ -17,6 +17,7 @@ class LightSRCCtrl_cls;
 class PanelSettings_cls;
 class PanelShared_cls;
 class ParamGroup_cls;
+struct ParamHost_cls;
 class PDataSeqCtrl_cls;
 class PeriodicBoundary_cls;
 class PovRayCtrl_cls;
@@ -47,6 +48,8 @@ struct FrameContext_cls {
     std::array<PanelSettings_cls*, 4> panelSettings;
     /// The trees of the timeline, the camera's first.
     const std::vector<ParamGroup_cls*>& timeGroups;
+    /// What those groups ask of a window; the timeline serves it while it lives.
+    ParamHost_cls& paramHost;
 
     /// Set while a project is read: nothing is drawn.
     const std::atomic<bool>& projectLoading;

@@ -91,6 +91,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
                  .redraw = [this] { mViews->Redraw(); },
                  .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mMenu(*this),
+      mDialogs([this] { CallAfter([this] { Close(); }); }),
       mObserver(GCUndoList.AddObserver([this](std::uint64_t bits) { OnUpdate(bits); })) {
     mUser.ReadDefaults(mContext.preference.GetItems());
     mContext.applyPreferences();
@@ -263,6 +264,12 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
     if (mClock.IsWaiting()) {
         event.Veto();
         CallAfter([this] { Close(); });
+        return;
+    }
+    // Dialogs on the stack are the window's children: they return first.
+    if (mDialogs.IsAnyOpen()) {
+        event.Veto();
+        mDialogs.Cancel();
         return;
     }
     if (event.CanVeto() && !mFiles.MayLoseChanges()) {

@@ -8,6 +8,7 @@
 #include "gui/clsFrameFiles.h"
 #include "gui/clsFrameMenu.h"
 #include "gui/clsFrameSink.h"
+#include "gui/clsModalDialogs.h"
 #include "gui/clsPlayback.h"
 #include "gui/clsShownInstant.h"
 #include "gui/clsUserSettings.h"
@@ -71,6 +72,7 @@ class FrameMain_cls : public wxFrame {
     ShownInstant_cls mInstant;
     Playback_cls mPlayback;
     FrameMenu_cls mMenu;
+    ModalDialogs_cls mDialogs;
     int mObserver;
 
     FaultBar_cls* mFaults = nullptr;

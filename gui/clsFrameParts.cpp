@@ -46,5 +46,7 @@ const std::vector<FrameDialog_cls>& FrameDialogs() {
 }
 
 wxWindow* MakeBottomHalf(wxWindow* parent, FrameContext_cls& context) {
-    return new TimelinePanel_cls(parent, context.timeCtrl, context.timeGroups);
+    auto* panel = new TimelinePanel_cls(parent, context.timeCtrl, context.timeGroups);
+    panel->ServeGroups(context.paramHost);
+    return panel;
 }

@@ -44,6 +44,7 @@ TimelinePanel_cls::TimelinePanel_cls(wxWindow* parent, TimeCtrl_cls& timeCtrl,
 
 TimelinePanel_cls::~TimelinePanel_cls() {
     GCUndoList.RemoveObserver(mObserver);
+    if (mServed) *mServed = {};
 }
 
 void TimelinePanel_cls::AddSwitches() {
@@ -74,6 +75,9 @@ void TimelinePanel_cls::RefreshFromModel() {
     mCanvas->RefreshAll();
 }
 
-void TimelinePanel_cls::EditKey(ParamGroup_cls& group, double t) {
-    mCanvas->EditKey(group, t);
+void TimelinePanel_cls::ServeGroups(ParamHost_cls& host) {
+    mServed = &host;
+    host.putClipboard = PutClipboard;
+    host.getClipboard = GetClipboard;
+    host.createKeyDialog = [this](ParamGroup_cls& group, double t) { mCanvas->EditKey(group, t); };
 }

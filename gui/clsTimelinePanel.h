@@ -8,6 +8,7 @@
 #include "gui/clsTimelinePlayBar.h"
 
 class TimelineCanvas_cls;
+struct ParamHost_cls;
 
 /// The bottom half of the main window: play controls, ruler, and a lane of keys for each parameter group.
 /// It observes the undo list and shows by itself what a step has changed. Changes that no step follows (a
@@ -23,8 +24,8 @@ class TimelinePanel_cls : public wxPanel {
     void TogglePlay() { mPlayBar->TogglePlay(); }
     /// Shows the timeline and the groups as they are now.
     void RefreshFromModel();
-    /// The key dialog of a group's keys at a time, for the operation that opens it from anywhere.
-    void EditKey(ParamGroup_cls& group, double t);
+    /// Gives groups the clipboard and the dialog of their keys while the panel lives. The host outlives it.
+    void ServeGroups(ParamHost_cls& host);
 
   private:
     void AddSwitches();
@@ -32,5 +33,6 @@ class TimelinePanel_cls : public wxPanel {
     TimelineModel_cls mModel;
     TimelinePlayBar_cls* mPlayBar;
     TimelineCanvas_cls* mCanvas;
+    ParamHost_cls* mServed = nullptr;
     int mObserver = 0;
 };

@@ -16,31 +16,13 @@ constexpr double kFarthestPlain = 1000.0;
 /// An anchor this many distances away from the origin is moved there.
 constexpr double kFarAway = 1000.0;
 
-double Dot(const Vector3& a, const Vector3& b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-Vector3 Cross(const Vector3& a, const Vector3& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-Vector3 Minus(const Vector3& a, const Vector3& b) {
-    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+Vector3 UnitOr(const Vector3& a, const Vector3& fallback) {
+    const Vector3 unit = Unit(a);
+    return unit == Vector3{} ? fallback : unit;
 }
 
 Vector3 Times(const Vector3& a, double factor) {
     return {a[0] * factor, a[1] * factor, a[2] * factor};
-}
-
-/// Null for a vector without direction.
-Vector3 Unit(const Vector3& a) {
-    const double length = std::hypot(a[0], a[1], a[2]);
-    return length > 0.0 && std::isfinite(length) ? Times(a, 1.0 / length) : Vector3{};
-}
-
-Vector3 UnitOr(const Vector3& a, const Vector3& fallback) {
-    const Vector3 unit = Unit(a);
-    return unit == Vector3{} ? fallback : unit;
 }
 
 /// Any unit vector across another one.
@@ -51,13 +33,12 @@ Vector3 Across(const Vector3& a) {
 }  // namespace
 
 PovSpace_cls PovSpace_cls::Of(const PositionAndDirection_cls& camera) {
-    const Vector3 way = Minus(camera.mPosition, camera.mAnchor);
-    double distance = std::hypot(way[0], way[1], way[2]);
+    const Vector3 way = Add(camera.mPosition, camera.mAnchor, -1.0);
+    double distance = Length(way);
     if (!(distance > 0.0) || !std::isfinite(distance)) distance = 1.0;
     PovSpace_cls space;
     if (distance < kNearestPlain || distance > kFarthestPlain) space.scale = 10.0 / distance;
-    if (std::hypot(camera.mAnchor[0], camera.mAnchor[1], camera.mAnchor[2]) > kFarAway * distance)
-        space.origin = camera.mAnchor;
+    if (Length(camera.mAnchor) > kFarAway * distance) space.origin = camera.mAnchor;
     return space;
 }
 
@@ -102,13 +83,13 @@ bool PovCamera_cls::IsRound() const {
 }
 
 double PovCamera_cls::GetDepth(const Vector3& point) const {
-    const Vector3 way = Minus(point, mPosition);
-    return IsRound() ? std::hypot(way[0], way[1], way[2]) : Dot(way, mDirection);
+    const Vector3 way = Add(point, mPosition, -1.0);
+    return IsRound() ? Length(way) : Dot(way, mDirection);
 }
 
 PovCamera_cls::Facing PovCamera_cls::GetFacing(const Vector3& point) const {
     if (!IsRound()) return {mRight, mUp};
-    const Vector3 towards = UnitOr(Minus(point, mPosition), mDirection);
+    const Vector3 towards = UnitOr(Add(point, mPosition, -1.0), mDirection);
     const Vector3 right = UnitOr(Cross(towards, mUp), mRight);
     return {right, Cross(right, towards)};
 }
@@ -120,7 +101,7 @@ void PovCamera_cls::Write(PovText_cls& text) const {
     switch (mGeometry) {
         case PanelSettings_cls::kOrthographic: {
             // Rays start at the near end of the box.
-            const Vector3 start = Minus(mPosition, Times(mDirection, mBehind));
+            const Vector3 start = Add(mPosition, mDirection, -mBehind);
             text << "OrthographicView(";
             arguments(start, 2.0 * mHalfWidth, 2.0 * mHalfHeight);
             break;

@@ -43,10 +43,9 @@ std::array<float, 3> OriginOf(const SnapData_cls& state) {
             static_cast<float>(sum[2] / found)};
 }
 
-std::array<float, 3> Unit(const std::array<double, 3>& v) {
-    const double length = std::max(std::hypot(v[0], v[1], v[2]), 1e-300);
-    return {static_cast<float>(v[0] / length), static_cast<float>(v[1] / length),
-            static_cast<float>(v[2] / length)};
+std::array<float, 3> FloatUnit(const Vector3& v) {
+    const Vector3 unit = Unit(v);
+    return {static_cast<float>(unit[0]), static_cast<float>(unit[1]), static_cast<float>(unit[2])};
 }
 
 }  // namespace
@@ -64,9 +63,9 @@ DrawView_cls DrawView_cls::FromGL(const Vector3& camera, const SnapData_cls& sta
     }
     for (size_t i = 0; i < 16; ++i) view.modelView[i] = static_cast<float>(m[i]);
     view.scale = static_cast<float>(std::hypot(m[0], m[4], m[8]));
-    view.right = Unit({m[0], m[4], m[8]});
-    view.up = Unit({m[1], m[5], m[9]});
-    view.forward = Unit({-m[2], -m[6], -m[10]});
+    view.right = FloatUnit({m[0], m[4], m[8]});
+    view.up = FloatUnit({m[1], m[5], m[9]});
+    view.forward = FloatUnit({-m[2], -m[6], -m[10]});
 
     glGetFloatv(GL_PROJECTION_MATRIX, view.projection.data());
     for (size_t column = 0; column < 4; ++column) {

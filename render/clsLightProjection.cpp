@@ -3,19 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "render/clsVector3.h"
+
 namespace {
 
-using Vector = std::array<double, 3>;
-
-double Dot(const Vector& a, const Vector& b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-Vector Cross(const Vector& a, const Vector& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-Vector Unit(const Vector& v) {
+/// Not finite for a vector without length: a particle in the light's own place has none.
+Vector3 Along(const Vector3& v) {
     const double length = std::sqrt(Dot(v, v));
     return {v[0] / length, v[1] / length, v[2] / length};
 }
@@ -34,18 +27,18 @@ LightProjection_cls::LightProjection_cls(const Light& light)
     if (mIsPlace || !mIsValid) return;
     mIsValid = Dot(mLight, mLight) > 0.0;
     if (!mIsValid) return;
-    mLight = Unit(mLight);
+    mLight = Along(mLight);
     // Any vector that is not along the rays spans the plane across them.
-    const Vector other = std::abs(mLight[0]) < 0.5 ? Vector{1.0, 0.0, 0.0} : Vector{0.0, 1.0, 0.0};
-    mPlane[0] = Unit(Cross(mLight, other));
+    const Vector3 other = std::abs(mLight[0]) < 0.5 ? Vector3{1.0, 0.0, 0.0} : Vector3{0.0, 1.0, 0.0};
+    mPlane[0] = Along(Cross(mLight, other));
     mPlane[1] = Cross(mLight, mPlane[0]);
 }
 
 LightProjection_cls::Place LightProjection_cls::Project(const float* position) const {
-    const Vector p = {position[0], position[1], position[2]};
+    const Vector3 p = {position[0], position[1], position[2]};
     if (!mIsPlace) return {{Dot(p, mPlane[0]), Dot(p, mPlane[1]), 0.0}, static_cast<float>(-Dot(p, mLight))};
-    const Vector ray = {p[0] - mLight[0], p[1] - mLight[1], p[2] - mLight[2]};
-    return {Unit(ray), static_cast<float>(std::sqrt(Dot(ray, ray)))};
+    const Vector3 ray = {p[0] - mLight[0], p[1] - mLight[1], p[2] - mLight[2]};
+    return {Along(ray), static_cast<float>(std::sqrt(Dot(ray, ray)))};
 }
 
 double LightProjection_cls::ProjectRadius(double depth, double radius) const {

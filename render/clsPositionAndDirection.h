@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
-
-using Vector3 = std::array<double, 3>;
+#include "render/clsVector3.h"
 
 /// A camera pose. Direction and up are unit vectors; the anchor is the point that the camera turns about.
 /// Units: the data's own lengths.

@@ -29,15 +29,6 @@ constexpr std::array<FaceAxes_cls, 6> kFaceAxes = {{{{1, 0, 0}, {0, -1, 0}},
                                                     {{0, 0, 1}, {0, -1, 0}},
                                                     {{0, 0, -1}, {0, -1, 0}}}};
 
-Vector3 Cross(const Vector3& a, const Vector3& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-Vector3 Unit(const Vector3& a) {
-    const double length = std::hypot(a[0], a[1], a[2]);
-    return length > 0.0 ? Vector3{a[0] / length, a[1] / length, a[2] / length} : Vector3{};
-}
-
 double Radians(double degrees) {
     return degrees * std::numbers::pi / 180.0;
 }

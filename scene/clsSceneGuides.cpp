@@ -28,27 +28,6 @@ constexpr SceneGuides_cls::Colour kAnchorColour{0.95F, 0.80F, 0.30F, 0.9F};
 constexpr SceneGuides_cls::Colour kCameraColour{0.55F, 0.80F, 0.95F, 0.9F};
 constexpr SceneGuides_cls::Colour kBoxColour{0.60F, 0.62F, 0.68F, 0.8F};
 
-Vector3 Add(const Vector3& a, const Vector3& b, double factor = 1.0) {
-    return {a[0] + factor * b[0], a[1] + factor * b[1], a[2] + factor * b[2]};
-}
-
-double Dot(const Vector3& a, const Vector3& b) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-Vector3 Cross(const Vector3& a, const Vector3& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-double Length(const Vector3& a) {
-    return std::hypot(a[0], a[1], a[2]);
-}
-
-Vector3 Unit(const Vector3& a) {
-    const double length = Length(a);
-    return length > 0.0 ? Vector3{a[0] / length, a[1] / length, a[2] / length} : Vector3{};
-}
-
 wxString FormatCoordinate(double value) {
     char text[32];
     const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 6).ptr;

@@ -1,5 +1,8 @@
 #include "support/gui/OpenWindow.h"
 
+#include <wx/dialog.h>
+#include <wx/evtloop.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
@@ -30,5 +33,13 @@ OpenWindow_cls::OpenWindow_cls(const std::vector<std::string>& arguments) {
 }
 
 OpenWindow_cls::~OpenWindow_cls() {
+    // A test that failed may leave a dialog open: it returns before its window ends.
+    OnGui([] {
+        for (wxWindow* top : wxTopLevelWindows) {
+            auto* dialog = dynamic_cast<wxDialog*>(top);
+            if (dialog && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+        }
+    });
+    WaitFor([] { return wxEventLoopBase::GetActive() == wxTheApp->GetMainLoop(); });
     OnGui([this] { mSession.reset(); });
 }
