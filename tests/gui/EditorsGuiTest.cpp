@@ -53,8 +53,13 @@ class Desk_cls {
     Desk_cls() : mData(mFolder.Write("line0000.dat", Line101())), mWindow({mData}) {
         WaitFor([this] { return Context().seqCtrl.IsTheIndexLoaded(0); });
         LookAtView();
-        // Opening was the first step.
-        OnGui([] { GCUndoList.Clear(); });
+        // Opening was the first step, and gave bare data a look of their own.
+        OnGui([this] {
+            for (int i = 0; i < 4; ++i) Context().seqCtrl.GetActive().GetAttribute(i).SetToDefault();
+            GCUndoList.Clear();
+            EventSink_cls::PostToFrame(EventSink_cls::kRefreshPanels);
+            EventSink_cls::PostToFrame(EventSink_cls::kRedraw);
+        });
     }
 
     FrameContext_cls& Context() { return mWindow.Context(); }
