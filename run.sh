@@ -25,7 +25,7 @@ fi
 cp examples/galaxies.vhp "$data/galaxies.vhp"
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-    build/release/varnholt3 "$data/galaxies.vhp" || fail "the window (without DISPLAY set, pictures are made)"
+    build/release/varnholt3 --play "$data/galaxies.vhp" || fail "the window (without DISPLAY set, pictures are made)"
     echo "OK"
     exit 0
 fi

@@ -82,5 +82,6 @@ bool WindowSession_cls::Open() {
     }
     mFrame->RefreshAll();
     if (!project && !mLine.mFile.empty()) mFrame->GetFiles().OpenData(mLine.mFile);
+    if (mLine.mPlay) mMain.GetTimeCtrl().StartPlay();
     return true;
 }

@@ -120,7 +120,7 @@ TEST(ProgramTest, HelpAndVersionNeedNothing) {
     const ProgramRun_cls help = RunProgram({"--help"});
     EXPECT_EQ(help.status, 0);
     for (const char* option :
-         {"--info", "--render", "--save", "--frames", "--size", "--set", "--config", "--no-config"}) {
+         {"--info", "--render", "--save", "--play", "--frames", "--size", "--set", "--config", "--no-config"}) {
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
     }
     EXPECT_EQ(RunProgram({}).status, 1) << "no display to open a window on";
