@@ -4,16 +4,13 @@
 
 #include "core/clsProjectFile.h"
 #include "gui/clsFrameMain.h"
-#include "gui/clsIcons.h"
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
     : mLine(line),
       mMain(programFolder),
       mPovExport(mMain, [this](double position) { return mMain.PrepareState(position); }),
-      mContext(MakeContext()) {
-    Icons_cls::SetFolder(programFolder + "/ICONS");
-}
+      mContext(MakeContext()) {}
 
 WindowSession_cls::~WindowSession_cls() {
     // The toolkit owns its windows; one that is still open ends before the core that it shows.
