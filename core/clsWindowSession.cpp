@@ -10,7 +10,7 @@
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
     : mLine(line),
       mMain(programFolder),
-      mPovExport(mMain, [this](double position) { return mMain.PrepareState(position); }),
+      mPovExport(mMain),
       mContext(MakeContext()) {
     Icons_cls::SetFolder(programFolder + "/ICONS");
 }

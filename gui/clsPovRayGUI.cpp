@@ -1,6 +1,7 @@
 #include "gui/clsPovRayGUI.h"
 
 #include <wx/button.h>
+#include <wx/event.h>
 #include <wx/gauge.h>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
@@ -13,6 +14,7 @@
 #include "gui/clsPovRayPages.h"
 #include "gui/clsSettingsDialog.h"
 #include "gui/clsSettingsPage.h"
+#include "gui/clsShownInstant.h"
 #include "seam/clsEventSink.h"
 #include "timeline/clsTimeCtrl.h"
 
@@ -25,11 +27,12 @@ constexpr int kPeriodMs = 100;
 }  // namespace
 
 PovRayGUI_cls::PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const TimeCtrl_cls& timeline,
-                             std::function<bool()> hasLight)
+                             std::function<bool()> hasLight, std::function<bool()> mayPrepare)
     : wxPanel(parent),
       mControl(control),
       mTimeline(timeline),
       mHasLight(std::move(hasLight)),
+      mMayPrepare(std::move(mayPrepare)),
       mFrame(wxGetTopLevelParent(parent->GetParent())),
       mTimer(this) {
     auto* book = new wxNotebook(this, wxID_ANY);
@@ -46,6 +49,7 @@ PovRayGUI_cls::PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const Ti
     MakeButtons();
 
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Proceed(); });
+    Bind(wxEVT_IDLE, &PovRayGUI_cls::OnIdle, this);
     mFrame->Bind(wxEVT_MENU, &PovRayGUI_cls::OnReturned, this, EventSink_cls::kRendererReturned);
     mControl.SetObserver([this](const PovRenderPool_cls::Outcome& outcome) { OnOutcome(outcome); });
     mControl.SetProgress([this](double share) {
@@ -107,28 +111,17 @@ bool PovRayGUI_cls::MayStart() {
 }
 
 void PovRayGUI_cls::ExportFrame() {
-    if (!MayStart()) return;
-    const int frame = mTimeline.GetFrame();
-    const wxString error = mControl.Export(frame, PovRayCtrl_cls::Series::Snap);
-    Say(error.empty() ? mControl.GetFileStr(frame, PovRayCtrl_cls::Series::Snap) + ".pov" : error);
+    if (MayStart()) mControl.StartPovSnap(mTimeline.GetFrame(), false);
 }
 
 void PovRayGUI_cls::RenderFrame() {
-    if (!MayStart()) return;
-    const int frame = mTimeline.GetFrame();
-    const wxString error = mControl.Export(frame, PovRayCtrl_cls::Series::Snap);
-    if (error.empty()) {
-        mControl.RenderByPovSnap(frame);
-    } else {
-        Say(error);
-    }
+    if (MayStart()) mControl.StartPovSnap(mTimeline.GetFrame(), true);
 }
 
 void PovRayGUI_cls::RenderAnimation() {
     if (mControl.IsRendering()) return Abort();
     if (!MayStart()) return;
     mControl.StartRenderPovAnim(mControl.GetRender().GetFrames(mTimeline.GetSettings()));
-    Proceed();
 }
 
 void PovRayGUI_cls::Abort() {
@@ -139,10 +132,19 @@ void PovRayGUI_cls::Abort() {
 }
 
 void PovRayGUI_cls::Proceed() {
-    // A message box of the frame that is written lets the timer through.
-    if (std::exchange(mProceeding, true)) return;
+    // A message box or a wait of the frame that is begun lets the timer through; and while others wait for
+    // data, no frame can be begun.
+    if (mProceeding || !mMayPrepare()) return;
+    mProceeding = true;
     mControl.ProcessRenderPovAnim();
     mProceeding = false;
+}
+
+void PovRayGUI_cls::OnIdle(wxIdleEvent& event) {
+    event.Skip();
+    if (mProceeding || !mControl.IsBusy() || !mMayPrepare()) return;
+    Proceed();
+    event.RequestMore();
 }
 
 void PovRayGUI_cls::OnReturned(wxCommandEvent& event) {
@@ -174,6 +176,7 @@ void PovRayGUI_cls::UpdateButtonLabels() {
 void OpenPovRay(wxWindow* parent, FrameContext_cls& context) {
     SettingsDialog_cls::Open(*parent, PovRayGUI_cls::kTitle, [&context](wxWindow* window) {
         return new PovRayGUI_cls(window, context.povRayCtrl, context.timeCtrl,
-                                 context.isPovrayCondistionSatisfiled);
+                                 context.isPovrayCondistionSatisfiled,
+                                 [&context] { return ShownInstant_cls::MayPrepare(context); });
     });
 }

@@ -18,7 +18,7 @@ float Clamped(float value) {
 
 std::size_t PovPalette_cls::Hash::operator()(const Key& key) const {
     uint64_t hash = 0;
-    for (const uint64_t word : key) hash = (hash ^ word) * 0x9e3779b97f4a7c15ULL;
+    for (const uint64_t word : {key.a, key.b, key.c}) hash = (hash ^ word) * 0x9e3779b97f4a7c15ULL;
     return static_cast<std::size_t>(hash ^ (hash >> 32));
 }
 
@@ -43,7 +43,7 @@ uint32_t PovPalette_cls::Find(PovLook_cls look) {
     if (!mLooks.empty() && look == mLast) return mLastNumber;
     const Key key = KeyOf(look);
     Recent& recent = mRecent[Hash()(key) % mRecent.size()];
-    if (recent.key != key) {
+    if (!(recent.key == key)) {
         const auto number = static_cast<uint32_t>(mLooks.size());
         const auto [place, isNew] = mNumbers.try_emplace(key, number);
         if (isNew) mLooks.push_back(look);
