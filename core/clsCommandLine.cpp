@@ -17,6 +17,7 @@ enum Option : int {
     kSave,
     kPov,
     kRun,
+    kPlay,
     kFrames,
     kSize,
     kMovie,
@@ -37,6 +38,7 @@ const option kOptions[] = {{"info", no_argument, nullptr, kInfo},
                            {"save", required_argument, nullptr, kSave},
                            {"pov", required_argument, nullptr, kPov},
                            {"run", no_argument, nullptr, kRun},
+                           {"play", no_argument, nullptr, kPlay},
                            {"frames", required_argument, nullptr, kFrames},
                            {"size", required_argument, nullptr, kSize},
                            {"movie", required_argument, nullptr, kMovie},
@@ -86,6 +88,7 @@ wxString FindConflict(const CommandLine_cls& line) {
         return line.mProject + ": a project's name must end in .vhp";
     }
     if (line.mRunRenderer && line.mAction != Action::Pov) return "--run goes with --pov";
+    if (line.mPlay && line.mAction != Action::Window) return "--play goes with the window";
     if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
     if ((line.mResume || !line.mMovie.empty()) && line.mAction != Action::Render)
         return "--movie and --resume go with --render";
@@ -146,6 +149,9 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 break;
             case kRun:
                 line.mRunRenderer = true;
+                break;
+            case kPlay:
+                line.mPlay = true;
                 break;
             case kSave:
                 setAction(Action::Save);
@@ -208,7 +214,8 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
 const char* CommandLine_cls::HelpText() {
     return R"(Varnholt 3 turns snapshots of particle simulations into animations.
 
-usage: varnholt3 --info DATA               one line per snapshot: number, time, particles, file; then the total
+usage: varnholt3 [FILE] [--play]           open FILE in the window, and play it
+       varnholt3 --info DATA               one line per snapshot: number, time, particles, file; then the total
        varnholt3 --render PATTERN FILE     draw the frames into numbered pictures (out%04d.png; .jpg, .tif, .bmp)
        varnholt3 --export PATTERN FILE     write the particles of each frame (text columns; .bin: 40-byte records)
        varnholt3 --save PROJECT FILE       write the whole state, after FILE and --set, as a project

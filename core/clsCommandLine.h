@@ -25,6 +25,7 @@ struct CommandLine_cls {
     wxString mProject;          ///< of --save
     wxString mFolder;           ///< of --pov
     bool mRunRenderer = false;  ///< --pov: render what is written
+    bool mPlay = false;         ///< in the window: play when the data are there
     std::optional<FrameRange_cls> mFrames;
     std::optional<double> mAt;  ///< --export: this data position instead of frames
     wxString mMovie;            ///< --render: also this film; empty: none

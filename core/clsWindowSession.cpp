@@ -4,16 +4,13 @@
 
 #include "core/clsProjectFile.h"
 #include "gui/clsFrameMain.h"
-#include "gui/clsIcons.h"
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
     : mLine(line),
       mMain(programFolder),
       mPovExport(mMain),
-      mContext(MakeContext()) {
-    Icons_cls::SetFolder(programFolder + "/ICONS");
-}
+      mContext(MakeContext()) {}
 
 WindowSession_cls::~WindowSession_cls() {
     // The toolkit owns its windows; one that is still open ends before the core that it shows.
@@ -43,14 +40,13 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .projectLoading = GbGLLockProjectLoading,
             .openData = [&main](const wxString& path) { main.GetDataLoader().OpenDataFile(path); },
             .closeData = [&main] { main.CloseDataCommand(); },
-            .openProject =
-                [&main](const wxString& path) {
-                    ProjectFile_cls& project = main.GetProjectFile();
-                    if (!project.OpenProject(path)) return false;
-                    if (project.GetKnownLines() > 0) return true;
-                    UserMessage_cls::Tell("Warning", path + " is no project");
-                    return false;
-                },
+            .openProject = [&main](const wxString& path) -> std::optional<std::vector<wxString>> {
+                ProjectFile_cls& project = main.GetProjectFile();
+                if (!project.OpenProject(path)) return std::nullopt;
+                if (project.GetKnownLines() > 0) return project.GetFaults();
+                UserMessage_cls::Tell("Warning", path + " is no project");
+                return std::nullopt;
+            },
             .applySetting = [&main](const wxString& line) { main.GetProjectFile().ApplySetting(line); },
             .saveProject =
                 [&main](const wxString& path) {
@@ -71,7 +67,7 @@ bool WindowSession_cls::Open() {
     if (!mMain.ReadConfiguration(mLine.mConfig)) return false;
     // The toolkit owns its windows.
     mFrame = new FrameMain_cls(mContext);
-    mFrame->Show();
+    mFrame->ShowAndWait();
     const bool project = mLine.mFile.Lower().EndsWith(".vhp");
     if (project) mFrame->GetFiles().OpenProject(mLine.mFile);
     for (const wxString& setting : mLine.mSettings) {
@@ -82,5 +78,6 @@ bool WindowSession_cls::Open() {
     }
     mFrame->RefreshAll();
     if (!project && !mLine.mFile.empty()) mFrame->GetFiles().OpenData(mLine.mFile);
+    if (mLine.mPlay) mMain.GetTimeCtrl().StartPlay();
     return true;
 }

@@ -56,6 +56,10 @@ ColorCurveBtn_cls::ColorCurveBtn_cls(wxWindow* parent, const wxString& name, Col
     PaintGradient();
 }
 
+wxWindow& ColorCurveBtn_cls::GetGradient() {
+    return *mGradient;
+}
+
 void ColorCurveBtn_cls::PaintGradient() {
     const wxSize size = FromDIP(wxSize(kWidth, kHeight));
     mGradient->SetBitmap(wxBitmap(

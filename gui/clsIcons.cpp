@@ -6,19 +6,16 @@
 
 #include <map>
 
-namespace {
+#include "seam/clsResourcePath.h"
 
-wxString& Folder() {
-    static wxString folder;
-    return folder;
-}
+namespace {
 
 /// The drawing as text; read once, empty when there is none.
 const wxString& Drawing(const wxString& name) {
     static std::map<wxString, wxString> drawings;
-    const wxString path = Folder() + wxFileName::GetPathSeparator() + name + ".svg";
-    const auto [entry, isNew] = drawings.try_emplace(path);
-    if (isNew && wxFileName::FileExists(path)) {
+    const auto [entry, isNew] = drawings.try_emplace(name);
+    const wxString path = isNew ? ResourcePath_cls::Find("ICONS/" + name + ".svg") : wxString();
+    if (wxFileName::FileExists(path)) {
         wxFFile file(path);
         if (!file.IsOpened() || !file.ReadAll(&entry->second)) entry->second.clear();
     }
@@ -31,10 +28,6 @@ wxColour HalfWay(const wxColour& a, const wxColour& b) {
 }
 
 }  // namespace
-
-void Icons_cls::SetFolder(const wxString& folder) {
-    Folder() = folder;
-}
 
 wxBitmapBundle Icons_cls::Get(const wxString& name, const wxColour& colour, int size) {
     wxString drawing = Drawing(name);

@@ -6,7 +6,7 @@
 
 class wxWindow;
 
-/// The icons of the windows: one family of drawings in ICONS beside the program, sharp at every scale. They
+/// The icons of the windows: one family of drawings, the resources ICONS/*.svg, sharp at every scale. They
 /// are drawn in one colour, black in the files, which is replaced by the text colour of the window that shows
 /// them, so that they fit light and dark themes.
 /// Names are those of the files without ending: "play", "open", "layout-4a".
@@ -19,9 +19,6 @@ class Icons_cls {
     static wxBitmapBundle Get(const wxString& name, const wxColour& colour, int size = kSize);
     /// The same in half the colour's strength, for a control that is switched off.
     static wxBitmapBundle GetFaded(const wxString& name, const wxWindow& window, int size = kSize);
-
-    /// Where the files are. Set before the first window is made.
-    static void SetFolder(const wxString& folder);
 
     static constexpr int kSize = 18;
 };

@@ -30,16 +30,23 @@ Playback_cls::Playback_cls(FrameContext_cls& context, ShownInstant_cls& instant,
 
 void Playback_cls::Start(int increment) {
     TimeCtrl_cls& time = mContext.timeCtrl;
-    GCUndoList.PushAndExec(std::make_unique<CommandStartAnim_cls>(time, increment),
-                           std::make_unique<CommandStopAnim_cls>(time, time.GetFrame()));
+    if (!HasData()) return;
+    // Looking at what an undo has done must not cost the redo.
+    if (GCUndoList.CanRedo()) {
+        time.StartPlay(increment);
+    } else {
+        GCUndoList.PushAndExec(std::make_unique<CommandStartAnim_cls>(time, increment),
+                               std::make_unique<CommandStopAnim_cls>(time, time.GetFrame()));
+    }
     Work();
 }
 
 void Playback_cls::Stop() {
-    TimeCtrl_cls& time = mContext.timeCtrl;
-    if (!time.IsPlaying()) return;
-    GCUndoList.PushAndExec(std::make_unique<CommandStopAnim_cls>(time, time.GetFrame()),
-                           std::make_unique<CommandStartAnim_cls>(time, time.GetPlayIncrement()));
+    mContext.timeCtrl.ProcStopPlaying();
+}
+
+bool Playback_cls::HasData() const {
+    return mContext.seqCtrl.GetActive().GetSeqLength() > 0;
 }
 
 void Playback_cls::Work() {
@@ -53,11 +60,11 @@ void Playback_cls::Work() {
 
 void Playback_cls::WorkOnData() {
     PDataSeqCtrl_cls& data = mContext.seqCtrl;
-    if (data.GetActive().GetSeqLength() == 0) return;
     const TimeCtrl_cls& time = mContext.timeCtrl;
     const double position = time.GetRemappedIndexDouble();
     const int index = static_cast<int>(std::floor(position));
     mContext.cleanUpMemory(index);
+    if (!HasData()) return;
 
     const bool ready = mInstant.IsReady();
     if (ready && !mWasReady) mViews.redraw();
@@ -92,6 +99,10 @@ bool Playback_cls::HasShown() const {
 void Playback_cls::WorkOnTime() {
     TimeCtrl_cls& time = mContext.timeCtrl;
     if (!time.IsPlaying()) return;
+    if (!HasData()) {
+        time.ProcStopPlaying();
+        return;
+    }
     const long long remaining = time.GetPacer().GetRemaining();
     if (remaining > 0 || !HasShown()) {
         mTimer.StartOnce(static_cast<int>(std::clamp<long long>(remaining, 1, kReadingMs)));

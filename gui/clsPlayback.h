@@ -27,7 +27,8 @@ class Playback_cls : public wxEvtHandler {
     Playback_cls(FrameContext_cls& context, ShownInstant_cls& instant, const WindowClock_cls& clock,
                  Views views);
 
-    /// Steps of the undo list that do not ask for saving. The increment's sign is the direction.
+    /// A step of the undo list that does not ask for saving and whose undo goes back to where playback began;
+    /// none while something can be redone. The increment's sign is the direction. Without data nothing plays.
     void Start(int increment);
     void Stop();
     /// One round; the window calls it when idle and after events that may have changed what is to be done.
@@ -37,6 +38,7 @@ class Playback_cls : public wxEvtHandler {
     void WorkOnData();
     void WorkOnTime();
     void TellFaults(int snapshot);
+    bool HasData() const;
     bool HasShown() const;
 
     FrameContext_cls& mContext;

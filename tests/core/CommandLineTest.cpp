@@ -119,8 +119,8 @@ TEST(ProgramTest, HelpAndVersionNeedNothing) {
     EXPECT_EQ(RunProgram({"--version"}).out, "varnholt3 0.80\n");
     const ProgramRun_cls help = RunProgram({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* option :
-         {"--info", "--render", "--save", "--frames", "--size", "--set", "--config", "--no-config"}) {
+    for (const char* option : {"--info", "--render", "--save", "--play", "--frames", "--size", "--set",
+                               "--config", "--no-config"}) {
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
     }
     EXPECT_EQ(RunProgram({}).status, 1) << "no display to open a window on";

@@ -135,6 +135,29 @@ TEST_F(FrameMainGuiTest, PlaysStopsAndSteps) {
     ASSERT_TRUE(WaitFor([&] { return Time().GetFrame() == kSnapshots - 1 && !Time().IsPlaying(); }));
 }
 
+TEST_F(FrameMainGuiTest, UndoTakesTheWholeOpeningBackAndPlayingKeepsTheRedo) {
+    OpenCloud();
+    EXPECT_EQ(UndoName(), "Open Data");
+    mUser.Press("2");
+    ASSERT_TRUE(WaitFor([&] { return Views().GetLayout() == 1; }));
+    mUser.Press("ctrl+z");
+    ASSERT_TRUE(WaitFor([] { return GCUndoList.CanRedo(); }));
+    mUser.Press("space");
+    ASSERT_TRUE(WaitFor([&] { return Time().GetFrame() >= 1; }));
+    mUser.Press("space");
+    ASSERT_TRUE(WaitFor([&] { return !Time().IsPlaying(); }));
+    EXPECT_NE(OnGui([] { return GCUndoList.GetRedoName(); }), "");
+    mUser.Press("ctrl+z");
+    ASSERT_TRUE(WaitFor([] { return !GCUndoList.CanUndo(); }));
+    // Nothing is left to count or to play.
+    EXPECT_TRUE(WaitFor([&] { return mWindow->Main().GetUsedTotalMemoryMB() == 0; }));
+    mUser.Press("space");
+    mUser.Press("ctrl+shift+z");
+    ASSERT_TRUE(WaitFor([] { return GCUndoList.GetUndoName() == "Open Data"; }));
+    EXPECT_FALSE(OnGui([&] { return Time().IsPlaying(); }));
+    EXPECT_TRUE(SeesParticles(0));
+}
+
 TEST_F(FrameMainGuiTest, TwoCameraKeysAnimate) {
     OpenCloud();
     mUser.Press("k");
