@@ -69,6 +69,8 @@ TEST_F(PovRenderTest, RendererTroubleIsToldInItsOwnWordsAndLeavesNoPicture) {
          "exit status 3): Fatal error in parser: no scene"},
         {"#!/bin/sh\ntouch \"${1%.ini}.png\"; exit 1\n", 0755, "exit status 1"},
         {"#!/bin/sh\ntouch \"${1%.ini}.png\"; kill -9 $$\n", 0755, "exit status 137): Killed"},
+        {"#!/bin/sh\nprintf 'no space left\\n\\033[2J preview\\n'; exit 2\n", 0755,
+         "exit status 2): no space left"},
         {"#!/bin/sh\nexit 0\n", 0755, "left no picture"},
         {"#!/bin/sh\n", 0644, "ermission denied"},
     };
