@@ -23,6 +23,8 @@ namespace {
 constexpr int kGap = 6;
 /// How often renders are looked at, besides the events that they post.
 constexpr int kPeriodMs = 100;
+/// What the writing of a frame counts in its progress.
+constexpr double kWriting = 0.5;
 
 }  // namespace
 
@@ -53,8 +55,7 @@ PovRayGUI_cls::PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const Ti
     mFrame->Bind(wxEVT_MENU, &PovRayGUI_cls::OnReturned, this, EventSink_cls::kRendererReturned);
     mControl.SetObserver([this](const PovRenderPool_cls::Outcome& outcome) { OnOutcome(outcome); });
     mControl.SetProgress([this](double share) {
-        mGauge->SetValue(
-            static_cast<int>(1000.0 * (mControl.GetDone() + share) / std::max(mControl.GetTotal(), 1)));
+        ShowProgress(kWriting * share, wxString::Format(_("writing %d %%"), static_cast<int>(100.0 * share)));
         return true;
     });
     UpdateButtonLabels();
@@ -97,6 +98,7 @@ void PovRayGUI_cls::ShowSettings(std::uint64_t) {
 }
 
 void PovRayGUI_cls::Say(const wxString& text) {
+    if (mStatus->GetLabel() == text) return;
     mStatus->SetLabel(text);
     mStatus->SetToolTip(text);
 }
@@ -106,6 +108,7 @@ bool PovRayGUI_cls::MayStart() {
     const wxString obstacle = mControl.FindObstacle();
     Say(obstacle);
     mGauge->SetValue(0);
+    mLast.clear();
     mFailed = 0;
     return obstacle.empty();
 }
@@ -136,7 +139,8 @@ void PovRayGUI_cls::Proceed() {
     // data, no frame can be begun.
     if (mProceeding || !mMayPrepare()) return;
     mProceeding = true;
-    mControl.ProcessRenderPovAnim();
+    const bool rendering = mControl.ProcessRenderPovAnim();
+    if (rendering && !mControl.IsBusy()) ShowProgress(kWriting, _("rendering"));
     mProceeding = false;
 }
 
@@ -155,9 +159,16 @@ void PovRayGUI_cls::OnReturned(wxCommandEvent& event) {
 void PovRayGUI_cls::OnOutcome(const PovRenderPool_cls::Outcome& outcome) {
     if (outcome.frame < 0) return UpdateButtonLabels();
     if (!outcome.error.empty()) ++mFailed;
-    mGauge->SetValue(1000 * mControl.GetDone() / mControl.GetTotal());
-    const wxString place = wxString::Format("%d / %d  ", mControl.GetDone(), mControl.GetTotal());
-    Say(place + (outcome.error.empty() ? outcome.picture : outcome.error));
+    mLast = outcome.error.empty() ? outcome.picture : outcome.error;
+    ShowProgress(0.0);
+}
+
+void PovRayGUI_cls::ShowProgress(double share, const wxString& work) {
+    const int total = std::max(mControl.GetTotal(), 1);
+    mGauge->SetValue(static_cast<int>(1000.0 * (mControl.GetDone() + share) / total));
+    wxString text = wxString::Format("%d / %d", mControl.GetDone(), total);
+    if (!work.empty()) text += ", " + work;
+    Say(mLast.empty() ? text : text + "  " + mLast);
 }
 
 void PovRayGUI_cls::UpdateButtonLabels() {

@@ -45,6 +45,8 @@ class PovRayGUI_cls : public wxPanel, public SettingsView_cls {
     void OnOutcome(const PovRenderPool_cls::Outcome& outcome);
     void UpdateButtonLabels();
     void Say(const wxString& text);
+    /// How many frames are done, the share of the next one and what is done to it, and what came of the last.
+    void ShowProgress(double share, const wxString& work = {});
 
     PovRayCtrl_cls& mControl;
     const TimeCtrl_cls& mTimeline;
@@ -58,6 +60,7 @@ class PovRayGUI_cls : public wxPanel, public SettingsView_cls {
     wxStaticText* mStatus = nullptr;
     wxWindow* mFrame;
     wxTimer mTimer;
+    wxString mLast;  ///< the last picture, or what went wrong with it
     int mFailed = 0;
     bool mProceeding = false;
 };
