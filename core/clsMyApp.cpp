@@ -6,11 +6,13 @@
 
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <new>
 
 #include "core/clsBatch.h"
 #include "core/clsWindowSession.h"
+#include "gui/clsViewGL.h"
 #include "output/clsImageFile.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
@@ -30,15 +32,29 @@ int FinishOutput(int status) {
     return status == Batch_cls::kDone ? Batch_cls::kFailed : status;
 }
 
-/// The toolkit's application object: opens the window, which ends the event loop when it closes.
+/// The toolkit's application object: opens the window, which ends the event loop when it closes. It opens
+/// from inside the loop: what is told and asked meanwhile needs a window that is on the screen.
 class WindowApp_cls : public wxApp {
   public:
     explicit WindowApp_cls(const CommandLine_cls& line) : mLine(line) {}
 
     bool OnInit() override {
         ImageFile_cls::InitHandlers();
-        mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());
-        return mSession->Open();
+        CallAfter([this] {
+            mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());
+            mOpened = mSession->Open();
+            if (!mOpened) ExitMainLoop();
+        });
+        return true;
+    }
+    /// What the toolkit finds wrong with itself is nothing that a user could answer.
+    void OnAssertFailure(const wxChar* file, int line, const wxChar*, const wxChar* condition,
+                         const wxChar* message) override {
+        PrintError(wxString::Format("%s:%d: %s: %s", file, line, condition, message ? message : wxS("")));
+    }
+    int OnRun() override {
+        const int status = wxApp::OnRun();
+        return mOpened ? status : Batch_cls::kFailed;
     }
     int OnExit() override {
         mSession.reset();
@@ -48,6 +64,7 @@ class WindowApp_cls : public wxApp {
   private:
     const CommandLine_cls& mLine;
     std::unique_ptr<WindowSession_cls> mSession;
+    bool mOpened = true;
 };
 
 }  // namespace
@@ -95,11 +112,18 @@ int MyApp::RunHeadless(const CommandLine_cls& line) {
 
 int MyApp::RunWindow(const CommandLine_cls& line) {
     wxApp::SetInstance(new WindowApp_cls(line));
+    // The toolkit's OpenGL windows are X11's only; under Wayland that is there too.
+    setenv("GDK_BACKEND", "x11", 1);
     // The command line is ours: the toolkit sees none of it.
     int argc = 0;
     char** argv = nullptr;
     if (!wxEntryStart(argc, argv)) {
         PrintError("no display to open a window on (varnholt3 --help lists what can be done without one)");
+        return Batch_cls::kFailed;
+    }
+    if (!ViewGL_cls::IsDisplaySupported()) {
+        PrintError("this display has no OpenGL (varnholt3 --help lists what can be done without one)");
+        wxEntryCleanup();
         return Batch_cls::kFailed;
     }
     if (!wxTheApp->CallOnInit()) {

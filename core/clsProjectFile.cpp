@@ -160,8 +160,13 @@ int ProjectFile_cls::SaveProjectFile(const wxString& path, bool full) {
     return 1;
 }
 
-bool ProjectFile_cls::WriteCopy(const wxString& path) const {
-    return OutputFile_cls::WriteWhole(path, ToBytes(Serialize(true)), OutputFile_cls::Sync::Durable).empty();
+bool ProjectFile_cls::WriteCopy(const wxString& path) {
+    PDataSeqCtrl_cls& data = mMain.GetSeqCtrl();
+    const wxString folder = data.GetActive().GetProjectFolder();
+    data.SetProjectFolder(SplitPath_cls(path).mDirectory);
+    const wxString text = Serialize(true);
+    data.SetProjectFolder(folder);
+    return OutputFile_cls::WriteWhole(path, ToBytes(text), OutputFile_cls::Sync::Durable).empty();
 }
 
 bool ProjectFile_cls::Offer(LineStream_cls& stream, const wxString& line) {
@@ -186,6 +191,7 @@ bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
     mMain.GetSeqCtrl().SetProjectFolder(SplitPath_cls(path).mDirectory);
     std::string bytes(std::min(file->GetSize(), kMaxProjectByte), '\0');
     bytes.resize(file->ReadAt(0, bytes.data(), bytes.size()));
+    mCutFile = bytes.empty() || bytes.back() == '\n' ? wxString() : path;
     LineStream_cls stream(std::move(bytes));
     mUnknownLines = 0;
     mKnownLines = 0;
@@ -197,6 +203,16 @@ bool ProjectFile_cls::ReadProjectFile(const wxString& path) {
     mMain.FinishReading();
     GCUndoList.Clear();
     return true;
+}
+
+std::vector<wxString> ProjectFile_cls::GetFaults() const {
+    std::vector<wxString> faults;
+    if (!mCutFile.empty())
+        faults.push_back(mCutFile + " ends within a line, as if it were cut off: what it holds was read");
+    const FileSequence_cls& data = mMain.GetSeqCtrl().GetActive().GetFiles();
+    if (!data.GetPath().empty() && !InputFile_cls::CanOpen(data.GetModifiedStr(0)))
+        faults.push_back("The data are not there: " + data.GetModifiedStr(0));
+    return faults;
 }
 
 const ConfItem_cls* ProjectFile_cls::Find(const std::vector<Reader>& readers, const wxString& key,

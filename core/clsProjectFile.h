@@ -29,7 +29,7 @@ class ProjectFile_cls {
     /// Without `full` only the sections of the configuration file. 1 when the file was written, else 0.
     int SaveProjectFile(const wxString& path, bool full);
     /// Writes the whole state for safety and remembers nothing of it: it stays unsaved. False on failure.
-    bool WriteCopy(const wxString& path) const;
+    bool WriteCopy(const wxString& path);
     /// Why the last save failed, with the file's name.
     const wxString& GetError() const { return mError; }
 
@@ -39,6 +39,8 @@ class ProjectFile_cls {
     /// its value. False when the file cannot be opened, which the user is told unless it is the configuration
     /// file.
     bool ReadProjectFile(const wxString& path);
+    /// What is wrong with the project that was read last, one line each: it is cut off, its data are gone.
+    std::vector<wxString> GetFaults() const;
     int GetUnknownLines() const { return mUnknownLines; }
     int GetKnownLines() const { return mKnownLines; }
 
@@ -72,6 +74,7 @@ class ProjectFile_cls {
     /// The panels' own settings: written, taken by hand, but not from a file.
     std::vector<Reader> mSessionReaders;
     wxString mError;
+    wxString mCutFile;  ///< the file that was read last, when it ends within a line
     int mUnknownLines = 0;
     int mKnownLines = 0;
 };

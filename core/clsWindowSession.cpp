@@ -40,14 +40,13 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .projectLoading = GbGLLockProjectLoading,
             .openData = [&main](const wxString& path) { main.GetDataLoader().OpenDataFile(path); },
             .closeData = [&main] { main.CloseDataCommand(); },
-            .openProject =
-                [&main](const wxString& path) {
-                    ProjectFile_cls& project = main.GetProjectFile();
-                    if (!project.OpenProject(path)) return false;
-                    if (project.GetKnownLines() > 0) return true;
-                    UserMessage_cls::Tell("Warning", path + " is no project");
-                    return false;
-                },
+            .openProject = [&main](const wxString& path) -> std::optional<std::vector<wxString>> {
+                ProjectFile_cls& project = main.GetProjectFile();
+                if (!project.OpenProject(path)) return std::nullopt;
+                if (project.GetKnownLines() > 0) return project.GetFaults();
+                UserMessage_cls::Tell("Warning", path + " is no project");
+                return std::nullopt;
+            },
             .applySetting = [&main](const wxString& line) { main.GetProjectFile().ApplySetting(line); },
             .saveProject =
                 [&main](const wxString& path) {
@@ -68,7 +67,7 @@ bool WindowSession_cls::Open() {
     if (!mMain.ReadConfiguration(mLine.mConfig)) return false;
     // The toolkit owns its windows.
     mFrame = new FrameMain_cls(mContext);
-    mFrame->Show();
+    mFrame->ShowAndWait();
     const bool project = mLine.mFile.Lower().EndsWith(".vhp");
     if (project) mFrame->GetFiles().OpenProject(mLine.mFile);
     for (const wxString& setting : mLine.mSettings) {

@@ -94,7 +94,7 @@ void LoadDraft_cls::SetAsSeries(bool asSeries) {
 wxString LoadDraft_cls::DescribeSeries() const {
     if (!HasManySteps()) return mSeries.Describe();
     const double steps = static_cast<double>(mStart->mFileByte) / std::max(mKind.mStepByte, 1.0);
-    return wxString::Format("about %.3g time steps in one file, %.3g MB", steps,
+    return wxString::Format("about %.0f time steps in one file, %.3g MB", steps,
                             static_cast<double>(mStart->mFileByte) / 1e6);
 }
 

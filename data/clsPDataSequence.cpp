@@ -192,7 +192,9 @@ void PDataSequence_cls::Special_Copy(int from, int to) {
 
 wxString PDataSequence_cls::GetNameForProject() const {
     const wxString& path = mFiles.GetPath();
-    if (!mNameAsRead.empty() && DataName::Resolve(mProjectFolder, mNameAsRead) == path) return mNameAsRead;
+    // In another folder the same name may mean nothing, or other data.
+    const bool holds = !mNameAsRead.empty() && mFolderAsRead == mProjectFolder;
+    if (holds && DataName::Resolve(mProjectFolder, mNameAsRead) == path) return mNameAsRead;
     return DataName::ForProject(mProjectFolder, path);
 }
 
@@ -209,6 +211,7 @@ bool PDataSequence_cls::ReadStrLine(LineStream_cls& stream, const wxString& line
         if (stream.ReadLine(path)) path.Trim();
         if (!path.empty()) {
             mNameAsRead = path;
+            mFolderAsRead = mProjectFolder;
             OpenDataFile(DataName::Resolve(mProjectFolder, path));
         }
     }

@@ -34,6 +34,7 @@ class PDataSequence_cls {
     /// The folder of the project that is read or written next: relative names in it count from there. Empty
     /// for the current folder, else it ends in "/".
     void SetProjectFolder(const wxString& folder) { mProjectFolder = folder; }
+    const wxString& GetProjectFolder() const { return mProjectFolder; }
     /// Takes the pattern from the path, counts the files and names every snapshot.
     void OpenDataFile(const wxString& path);
     void SetIndividualFilenames();
@@ -111,7 +112,8 @@ class PDataSequence_cls {
     std::array<std::unique_ptr<GLAttribute_cls>, kAttributes> mAttributes;
     FileSequence_cls mFiles;
     wxString mProjectFolder;
-    wxString mNameAsRead;  ///< in the project; empty for data that were opened otherwise
+    wxString mNameAsRead;    ///< in the project; empty for data that were opened otherwise
+    wxString mFolderAsRead;  ///< of that project
     ConfItemSTR_cls mKeyItem;
     std::function<void(const PDataBlock_cls&)> mReleaseObserver;
 };

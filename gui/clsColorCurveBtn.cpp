@@ -55,6 +55,10 @@ ColorCurveBtn_cls::ColorCurveBtn_cls(wxWindow* parent, const wxString& name, Col
     PaintGradient();
 }
 
+wxWindow& ColorCurveBtn_cls::GetGradient() {
+    return *mGradient;
+}
+
 void ColorCurveBtn_cls::PaintGradient() {
     const wxSize size = FromDIP(wxSize(kButtonWidth, kButtonHeight));
     mGradient->SetBitmap(wxBitmap(GradientImage_cls::Make(mCurve, GradientImage_cls::Show::Effect, size.x,

@@ -18,6 +18,7 @@ class ColorCurveBtn_cls : public wxPanel, public SettingsView_cls {
                       ColorCurveCtrl_cls& ctrl);
 
     void ShowSettings(std::uint64_t updateBits) override;
+    wxWindow& GetGradient();
 
   private:
     void PaintGradient();

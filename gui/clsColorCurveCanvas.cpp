@@ -85,6 +85,7 @@ void ColorCurveCanvas_cls::SetCurve(ColorCurve_cls* curve) {
 
 void ColorCurveCanvas_cls::SetHistogram(const ValueHistogram_cls* histogram) {
     mHistogram = histogram;
+    mBins.clear();
     Refresh();
 }
 
@@ -163,11 +164,19 @@ void ColorCurveCanvas_cls::OnPaint() {
     DrawBar(*graphics);
 }
 
-void ColorCurveCanvas_cls::DrawHistogram(wxGraphicsContext& graphics) const {
+const std::vector<float>& ColorCurveCanvas_cls::GetBins() {
+    const ValueHistogram_cls::Range range{mCurve->mScalingMin.mValue, mCurve->mScalingMax.mValue};
+    if (mBins.empty() || range != mBinsRange) {
+        mBins = mHistogram->GetBins(range, kBins);
+        mBinsRange = range;
+    }
+    return mBins;
+}
+
+void ColorCurveCanvas_cls::DrawHistogram(wxGraphicsContext& graphics) {
     if (!mHistogram) return;
     const wxRect plot = GetPlot();
-    const std::vector<float> bins =
-        mHistogram->GetBins({mCurve->mScalingMin.mValue, mCurve->mScalingMax.mValue}, kBins);
+    const std::vector<float>& bins = GetBins();
     const double width = static_cast<double>(plot.width) / static_cast<double>(kBins);
     wxColour colour = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
     graphics.SetPen(*wxTRANSPARENT_PEN);

@@ -57,7 +57,8 @@ class ColorCurveCanvas_cls : public wxWindow {
     void ChooseNeighbour(int direction);
 
     void OnPaint();
-    void DrawHistogram(wxGraphicsContext& graphics) const;
+    const std::vector<float>& GetBins();
+    void DrawHistogram(wxGraphicsContext& graphics);
     void DrawChannels(wxGraphicsContext& graphics) const;
     void DrawBar(wxGraphicsContext& graphics) const;
     void OnDown(const wxPoint& point);
@@ -67,6 +68,8 @@ class ColorCurveCanvas_cls : public wxWindow {
 
     ColorCurve_cls* mCurve = nullptr;
     const ValueHistogram_cls* mHistogram = nullptr;
+    std::vector<float> mBins;  ///< of all values, which are not counted for every picture
+    ValueHistogram_cls::Range mBinsRange;
     std::function<void()> mObserver;
     double mPosition = 0.0;
     std::optional<Drag> mDrag;

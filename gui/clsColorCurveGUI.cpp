@@ -1,8 +1,11 @@
 #include "gui/clsColorCurveGUI.h"
 
 #include <wx/button.h>
+#include <wx/choice.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+
+#include <algorithm>
 
 #include "gui/clsColorCurveCanvas.h"
 #include "gui/clsColorCurveTemplate.h"
@@ -18,10 +21,9 @@ constexpr double kTail = 0.01;
 
 }  // namespace
 
-ColorCurveGUI_cls::ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl)
-    : wxPanel(parent), mCtrl(ctrl) {
-    mName = new wxStaticText(this, wxID_ANY, {});
-    mName->SetFont(mName->GetFont().Bold());
+ColorCurveGUI_cls::ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl, Curves curves)
+    : wxPanel(parent), mCtrl(ctrl), mCurves(std::move(curves)) {
+    wxSizer* choice = MakeChoice();
     mCanvas = new ColorCurveCanvas_cls(this);
     wxSizer* buttons = MakeButtons();
     mScalingPage = MakeScalingPage();
@@ -38,12 +40,29 @@ ColorCurveGUI_cls::ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl)
     below->Add(left, wxSizerFlags(1).Expand());
     below->Add(mKeyPage, wxSizerFlags(1).Expand());
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(mName, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
+    sizer->Add(choice, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
     sizer->Add(mCanvas, wxSizerFlags(1).Expand());
     sizer->Add(buttons, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
     sizer->Add(below, wxSizerFlags().Expand());
     SetSizerAndFit(sizer);
     ShowLinked();
+}
+
+wxSizer* ColorCurveGUI_cls::MakeChoice() {
+    wxArrayString names;
+    for (const ColorCurve_cls* curve : mCurves) names.Add(curve->GetDisplayName());
+    mChoice =
+        new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, names, 0, wxDefaultValidator, "Curve");
+    mChoice->SetToolTip(
+        _("The curve that is edited. Points and billboards show Color, spheres Ambient, Diffuse and "
+          "Specular."));
+    mChoice->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
+        mCtrl.LinkColorCurve(*mCurves.at(static_cast<size_t>(event.GetSelection())));
+    });
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(new wxStaticText(this, wxID_ANY, _("Curve")), wxSizerFlags().CenterVertical());
+    row->Add(mChoice, wxSizerFlags().Border(wxLEFT, FromDIP(2 * Spacing::kRow)));
+    return row;
 }
 
 wxSizer* ColorCurveGUI_cls::MakeButtons() {
@@ -186,7 +205,8 @@ void ColorCurveGUI_cls::UpdateHistogram() {
 
 void ColorCurveGUI_cls::ShowLinked() {
     ColorCurve_cls* curve = mCtrl.GetLinked();
-    mName->SetLabel(curve ? curve->GetDisplayName() : wxString(_("No curve is chosen")));
+    const auto place = std::ranges::find(mCurves, curve);
+    mChoice->SetSelection(place == mCurves.end() ? wxNOT_FOUND : static_cast<int>(place - mCurves.begin()));
     mCanvas->SetCurve(curve);
     ShowSettings(kAll);
 }

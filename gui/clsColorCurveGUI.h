@@ -10,17 +10,20 @@ class ColorCurve_cls;
 class ColorCurveCanvas_cls;
 class ColorCurveCtrl_cls;
 class SettingsPage_cls;
-class wxStaticText;
+class wxChoice;
 
-/// The panel of the colour-curve editor: the curve with the histogram of the values that feed it, the key at
-/// the current position, the curve's settings, and the template palette. Shows the curve that the controller
-/// links; without one, an empty picture.
-/// Owned by its parent window. Threads: GUI thread.
+/// The panel of the colour-curve editor: a choice among the program's curves, the chosen one with the
+/// histogram of the values that feed it, the key at the current position, the curve's settings, and the
+/// template palette. Shows the curve that the controller links; without one, an empty picture. Owned by its
+/// parent window. Threads: GUI thread.
 class ColorCurveGUI_cls : public wxPanel, public SettingsView_cls {
   public:
     static constexpr const char* kTitle = "Color Curve Editor";
 
-    ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl);
+    using Curves = std::vector<ColorCurve_cls*>;
+
+    /// The curves that may be chosen outlive the panel.
+    ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl, Curves curves);
 
     /// Another curve has been linked.
     void ShowLinked();
@@ -29,6 +32,7 @@ class ColorCurveGUI_cls : public wxPanel, public SettingsView_cls {
   private:
     SettingsPage_cls* MakeKeyPage();
     SettingsPage_cls* MakeScalingPage();
+    wxSizer* MakeChoice();
     wxSizer* MakeButtons();
     void UpdateHistogram();
     void SetRange(const ValueHistogram_cls::Range& range);
@@ -40,8 +44,9 @@ class ColorCurveGUI_cls : public wxPanel, public SettingsView_cls {
     Setting_cls<Color4> BindKeyColor();
 
     ColorCurveCtrl_cls& mCtrl;
+    const Curves mCurves;
     ValueHistogram_cls mHistogram;
-    wxStaticText* mName = nullptr;
+    wxChoice* mChoice = nullptr;
     ColorCurveCanvas_cls* mCanvas = nullptr;
     SettingsPage_cls* mKeyPage = nullptr;
     SettingsPage_cls* mScalingPage = nullptr;

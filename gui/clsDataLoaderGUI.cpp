@@ -14,11 +14,13 @@
 #include <algorithm>
 
 #include "data/clsSplitPath.h"
+#include "gui/clsFirstColors.h"
 #include "gui/clsGrammarList.h"
 #include "gui/clsPreviewGrid.h"
 #include "gui/clsSettingsPage.h"
 #include "gui/clsSpacing.h"
 #include "gui/clsWords.h"
+#include "render/clsColorCurve.h"
 
 namespace {
 
@@ -169,12 +171,11 @@ SettingsPage_cls* DataLoaderGUI_cls::MakeSettings() {
           "order or the number changes, or by its ID after sorting"),
         Words({_("Constant"), _("Variable"), _("Sort by ID")}),
         BindDraft<unsigned int>(loader.mVariableNumber.mValue));
-    page->AddChoice(
+    mColors = &page->AddChoice(
         _("Colors"),
         _("What becomes of the colors: one for each type, or by the particles' values, with the curve's "
           "Min and Max from the first snapshot"),
-        Words({_("As they are"), _("One for each type"), _("By value, from Min to Max")}),
-        BindDraft<unsigned int>(mDraft.mColors));
+        Words({_("As they are"), _("One for each type"), {}}), BindDraft<unsigned int>(mDraft.mColors));
     mBox = &page->AddCheck(
         _("Periodic box"),
         _("Takes the periodic box that the file tells: particles that leave it on one side do not "
@@ -241,7 +242,11 @@ void DataLoaderGUI_cls::ShowWords(wxStaticText& text, const wxString& words) {
 void DataLoaderGUI_cls::ShowDraft() {
     mFile->ChangeValue(mDraft.GetFile());
     mFile->SetInsertionPointEnd();
-    ShowWords(*mWords, mDraft.GetFile().empty() ? _("No file is chosen.") : mDraft.GetWords());
+    wxString words = mDraft.GetFile().empty() ? _("No file is chosen.") : mDraft.GetWords();
+    // A series that is not opened as it stands is described by its switch.
+    if (mDraft.IsFileGood() && !mDraft.CanBeSeries() && mDraft.GetSeries().mNames.size() > 1)
+        words += "; " + mDraft.DescribeSeries();
+    ShowWords(*mWords, words);
     mAsSeries->Show(mDraft.IsFileGood() && mDraft.CanBeSeries());
     mAsSeries->SetValue(mDraft.IsAsSeries());
     mAsSeries->SetLabelText((mDraft.HasManySteps() ? _("Split into a series: ") : _("Open as a series: ")) +
@@ -267,6 +272,9 @@ void DataLoaderGUI_cls::ShowLayout() {
     const auto body = loader.GetBodyGrammer();
     mHeader->Show({head.begin(), head.end()}, loader.IsText());
     mBody->Show({body.begin(), body.end()}, loader.IsText());
+    mColors->SetString(
+        LoadDraft_cls::kColorByValue,
+        wxString::Format(_("By %s, from Min to Max"), ColorCurve_cls::GetDependName(FirstValue(loader))));
     mSettings->RefreshFromModel();
     mBox->Enable(mDraft.GetBox().has_value());
     mPreview->Show(mDraft.GetPreview());

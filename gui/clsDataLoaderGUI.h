@@ -53,6 +53,7 @@ class DataLoaderGUI_cls : public wxDialog {
     GrammarList_cls* mHeader = nullptr;
     GrammarList_cls* mBody = nullptr;
     SettingsPage_cls* mSettings = nullptr;
+    wxChoice* mColors = nullptr;
     wxCheckBox* mBox = nullptr;
     PreviewGrid_cls* mPreview = nullptr;
     wxButton* mChoose = nullptr;

@@ -13,6 +13,7 @@
 #include "interp/clsSnapData.h"
 #include "render/clsColorCurveCtrl.h"
 #include "render/clsCurveValues.h"
+#include "render/clsGLAttribute.h"
 #include "seam/clsEventSink.h"
 #include "timeline/clsTimeCtrl.h"
 
@@ -26,9 +27,20 @@ wxWindow* MakeDrawOptionPage(wxWindow* parent, FrameContext_cls& context) {
 }
 
 void OpenColorCurveEditor(wxWindow* parent, FrameContext_cls& context) {
-    SettingsDialog_cls& dialog = SettingsDialog_cls::Open(
-        *parent, ColorCurveGUI_cls::kTitle,
-        [&context](wxWindow* window) { return new ColorCurveGUI_cls(window, context.colorCurveCtrl); });
+    PDataSequence_cls& sequence = context.seqCtrl.GetActive();
+    // The controller shows the editor when it gets a curve.
+    if (!context.colorCurveCtrl.GetLinked()) {
+        context.colorCurveCtrl.LinkColorCurve(sequence.GetAttribute(0).GetMainCurve());
+        return;
+    }
+    ColorCurveGUI_cls::Curves curves;
+    for (const auto& attribute : sequence.GetAttributes())
+        for (int curve = 0; curve < SnapAttribute_cls::kCurveCount; ++curve)
+            curves.push_back(&attribute->GetCurve(curve));
+    SettingsDialog_cls& dialog =
+        SettingsDialog_cls::Open(*parent, ColorCurveGUI_cls::kTitle, [&](wxWindow* window) {
+            return new ColorCurveGUI_cls(window, context.colorCurveCtrl, std::move(curves));
+        });
     dynamic_cast<ColorCurveGUI_cls&>(dialog.GetPage()).ShowLinked();
 }
 

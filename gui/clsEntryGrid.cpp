@@ -7,8 +7,6 @@
 
 #include <utility>
 
-#include "gui/clsNumberField.h"
-
 EntryGrid_cls::EntryGrid_cls(wxDialog& dialog, std::function<void()> accept)
     : mDialog(dialog),
       mAccept(std::move(accept)),
@@ -22,7 +20,7 @@ wxSizer* EntryGrid_cls::GetSizer() const {
 
 EntryGrid_cls::Entry& EntryGrid_cls::AddNumber(const wxString& label, const wxString& tip,
                                                std::optional<double> value) {
-    const wxString text = value ? NumberField_cls::Format(*value, false) : wxString();
+    const wxString text = value ? NumberLimits_cls::Format(*value, false) : wxString();
     Entry entry{
         new wxTextCtrl(&mDialog, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER),
         new wxStaticText(&mDialog, wxID_ANY, wxString()), text};
@@ -31,12 +29,16 @@ EntryGrid_cls::Entry& EntryGrid_cls::AddNumber(const wxString& label, const wxSt
     entry.text->SetMinSize(entry.text->GetSizeFromTextSize(mDialog.GetTextExtent("-0000.000000000000")));
     if (!value) entry.text->SetHint("several");
     entry.text->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { mAccept(); });
-    entry.mark->SetForegroundColour(wxColour(214, 48, 40));
     entry.mark->Hide();
     mGrid->Add(new wxStaticText(&mDialog, wxID_ANY, label), wxSizerFlags().CenterVertical());
     mGrid->Add(entry.text, wxSizerFlags().Expand());
     mGrid->Add(entry.mark, wxSizerFlags().CenterVertical());
-    return mEntries.emplace_back(entry);
+    Entry& added = mEntries.emplace_back(entry);
+    added.text->Bind(wxEVT_TEXT, [this, &added](wxCommandEvent& event) {
+        Mark(added, {}, false);
+        event.Skip();
+    });
+    return added;
 }
 
 void EntryGrid_cls::AddControl(const wxString& label, wxWindow& control) {
@@ -45,31 +47,22 @@ void EntryGrid_cls::AddControl(const wxString& label, wxWindow& control) {
     mGrid->AddSpacer(0);
 }
 
-void EntryGrid_cls::Mark(Entry& entry, const wxString& words) {
-    mGood = mGood && words.empty();
-    if (entry.mark->GetLabel() == words) return;
-    entry.mark->SetLabel(words);
-    entry.mark->Show(!words.empty());
+void EntryGrid_cls::Mark(Entry& entry, const NumberLimits_cls& limits, bool wrong) {
+    mGood = mGood && !wrong;
+    if (!wrong && !entry.mark->IsShown()) return;
+    limits.ShowMark(*entry.text, *entry.mark, wrong);
+    entry.mark->Show(wrong);
     mDialog.GetSizer()->SetSizeHints(&mDialog);
 }
 
-std::optional<double> EntryGrid_cls::Read(Entry& entry, const Bounds& bounds) {
-    Mark(entry, {});
-    const wxString text = entry.text->GetValue().Trim().Trim(false);
-    if (text == entry.before || !entry.text->IsEnabled()) return std::nullopt;
-    double value = 0.0;
-    if (!NumberField_cls::Parse(text, value)) {
-        Mark(entry, "not a number");
-    } else if (value < bounds.lowest) {
-        Mark(entry, "at least " + NumberField_cls::Format(bounds.lowest, false));
-    } else if (value > bounds.highest) {
-        Mark(entry, "at most " + NumberField_cls::Format(bounds.highest, false));
-    } else if (bounds.whole && value != static_cast<double>(static_cast<long long>(value))) {
-        Mark(entry, "a whole number");
-    } else {
-        return value;
+std::optional<double> EntryGrid_cls::Read(Entry& entry, const NumberLimits_cls& limits) {
+    if (entry.text->GetValue() == entry.before || !entry.text->IsEnabled()) {
+        Mark(entry, limits, false);
+        return std::nullopt;
     }
-    return std::nullopt;
+    const std::optional<double> value = limits.Read(entry.text->GetValue());
+    Mark(entry, limits, !value);
+    return value;
 }
 
 bool EntryGrid_cls::TakeGood() {

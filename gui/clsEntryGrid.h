@@ -6,6 +6,8 @@
 #include <functional>
 #include <optional>
 
+#include "gui/clsNumberLimits.h"
+
 class wxDialog;
 class wxFlexGridSizer;
 class wxSizer;
@@ -14,8 +16,7 @@ class wxTextCtrl;
 class wxWindow;
 
 /// Rows of a dialog that is ended by OK: label, entry, and at the right the place where a wrong entry is
-/// marked. Numbers are written with a point, whatever language the windows speak. Made by the dialog, which
-/// owns the controls. Threads: GUI thread.
+/// marked. Made by the dialog, which owns the controls. Threads: GUI thread.
 class EntryGrid_cls {
   public:
     /// `accept` is what the Enter key in an entry does.
@@ -32,18 +33,13 @@ class EntryGrid_cls {
     void AddControl(const wxString& label, wxWindow& control);
     wxSizer* GetSizer() const;
 
-    struct Bounds {
-        double lowest;
-        double highest;
-        bool whole = false;
-    };
-    /// The number, if the entry was changed and is one. A wrong entry is marked beside it.
-    std::optional<double> Read(Entry& entry, const Bounds& bounds);
+    /// The number, if the entry was changed and is one. A wrong entry is marked until it is changed.
+    std::optional<double> Read(Entry& entry, const NumberLimits_cls& limits);
     /// True when nothing was marked since the last call.
     bool TakeGood();
 
   private:
-    void Mark(Entry& entry, const wxString& words);
+    void Mark(Entry& entry, const NumberLimits_cls& limits, bool wrong);
 
     wxDialog& mDialog;
     const std::function<void()> mAccept;

@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <functional>
+#include <optional>
 #include <vector>
 
 class CameraPath_cls;
@@ -56,7 +57,9 @@ struct FrameContext_cls {
 
     std::function<void(const wxString& path)> openData;  ///< as a step of the undo list
     std::function<void()> closeData;                     ///< the same
-    std::function<bool(const wxString& path)> openProject;
+    /// What is wrong with a project that was opened, one line each; nothing when it was not, which the user
+    /// has been told.
+    std::function<std::optional<std::vector<wxString>>(const wxString& path)> openProject;
     /// One KEY=VALUE line, past the undo list.
     std::function<void(const wxString& line)> applySetting;
     /// Empty, or why the project could not be written.

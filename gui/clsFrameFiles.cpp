@@ -31,12 +31,11 @@ wxString FolderOf(const ConfItemSTR_cls& lastFile) {
 
 }  // namespace
 
-FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSettings_cls& user,
-                               std::function<void()> replaced)
+FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSettings_cls& user, Views views)
     : mFrame(frame),
       mContext(context),
       mUser(user),
-      mReplaced(std::move(replaced)),
+      mViews(std::move(views)),
       mRecovery(user.GetFolder(),
                 {.isModified = [this] { return IsModified(); },
                  .getState = [this] { return mChanges; },
@@ -70,13 +69,14 @@ void FrameFiles_cls::Adopt(const wxString& project) {
     mProject = project;
     mRecovered = false;
     mRecovery.Clear();
-    mReplaced();
+    mViews.replaced();
 }
 
 void FrameFiles_cls::OpenProject(const wxString& path) {
     const wxBusyCursor busy;
     mContext.timeCtrl.ProcStopPlaying();
-    if (!mContext.openProject(path)) {
+    const auto faults = mContext.openProject(path);
+    if (!faults) {
         mUser.RemoveRecent(path);
         Adopt({});
         return;
@@ -85,6 +85,7 @@ void FrameFiles_cls::OpenProject(const wxString& path) {
     mContext.timeCtrl.SetFrameNative(0);
     mContext.timeCtrl.SetStepNative(0);
     Adopt(path);
+    mViews.tellFaults(*faults);
 }
 
 void FrameFiles_cls::OpenData(const wxString& path) {
@@ -104,13 +105,13 @@ void FrameFiles_cls::TakeData(const std::function<bool()>& open) {
     mContext.timeCtrl.SetStepNative(0);
     if (blank) GCUndoList.MarkSaved();
     mWantsLook = blank;
-    mReplaced();
+    mViews.replaced();
 }
 
 void FrameFiles_cls::CloseData() {
     mContext.timeCtrl.ProcStopPlaying();
     mContext.closeData();
-    mReplaced();
+    mViews.replaced();
 }
 
 void FrameFiles_cls::AskForProject() {
@@ -168,9 +169,11 @@ void FrameFiles_cls::OfferRecovery() {
     if (!left) return;
     if (UserMessage_cls::AskYesNo("Unsaved work",
                                   "Varnholt 3 ended without saving the last time.\n"
-                                  "Open what it kept?") &&
-        mContext.openProject(*left)) {
-        mReplaced();
+                                  "Open what it kept?")) {
+        const auto faults = mContext.openProject(*left);
+        if (!faults) return;
+        mViews.replaced();
+        mViews.tellFaults(*faults);
         mRecovered = true;
         NoteChange();
         mRecovery.Save();

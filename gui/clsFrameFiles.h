@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "gui/clsFrameContext.h"
 #include "gui/clsRecovery.h"
@@ -16,9 +17,14 @@ class wxFrame;
 /// thread.
 class FrameFiles_cls {
   public:
-    /// `replaced` is called after other data or another project have been opened or closed.
-    FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSettings_cls& user,
-                   std::function<void()> replaced);
+    struct Views {
+        /// Other data or another project have been opened or closed.
+        std::function<void()> replaced;
+        /// What is wrong with a project that was opened.
+        std::function<void(const std::vector<wxString>& lines)> tellFaults;
+    };
+
+    FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSettings_cls& user, Views views);
     ~FrameFiles_cls();
     FrameFiles_cls(const FrameFiles_cls&) = delete;
     FrameFiles_cls& operator=(const FrameFiles_cls&) = delete;
@@ -57,7 +63,7 @@ class FrameFiles_cls {
     wxFrame& mFrame;
     FrameContext_cls& mContext;
     UserSettings_cls& mUser;
-    const std::function<void()> mReplaced;
+    const Views mViews;
     Recovery_cls mRecovery;
     wxString mProject;  ///< empty: no name yet
     size_t mChanges = 0;

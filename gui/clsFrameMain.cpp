@@ -30,6 +30,9 @@ const wxSize kFirstSize(1280, 800);
 constexpr int kTimelineHeight = 230;
 constexpr int kPagesWidth = 340;
 constexpr int kLeastPart = 120;
+/// A window manager that is slower does not get its window waited for.
+constexpr long long kShowPatienceMs = 1000;
+constexpr int kShowPeriodMs = 5;
 constexpr int kLeastWidth = 260;  // below it the pages' controls do not fit
 
 void TellViews(wxWindow& window, std::uint64_t updateBits) {
@@ -84,7 +87,13 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
       mSink(*this),
       mMessage(*this),
       mUser(context.keepsUserSettings),
-      mFiles(*this, context, mUser, [this] { RefreshAll(); }),
+      mFiles(*this, context, mUser,
+             {.replaced =
+                  [this] {
+                      mFaults->Dismiss();
+                      RefreshAll();
+                  },
+              .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mInstant(context, [this](const SnapData_cls& state) { SuggestFirstLook(state); }),
       mPlayback(context, mInstant, mClock,
                 {.isDrawn = [this] { return mViews->IsDrawn(); },
@@ -152,6 +161,18 @@ void FrameMain_cls::MakeParts() {
     SetStatusBar(mStatus);
 }
 
+void FrameMain_cls::ShowAndWait() {
+    const auto painted = std::make_shared<bool>(false);
+    mStatus->Bind(wxEVT_PAINT, [painted](wxPaintEvent& event) {
+        *painted = true;
+        event.Skip();
+    });
+    Show();
+    const long long begin = mClock.Now();
+    PollUntil([&] { return *painted || mClock.Now() - begin > kShowPatienceMs; }, kShowPeriodMs);
+    mViews->GetCanvas(0).SetFocus();
+}
+
 void FrameMain_cls::PlaceWindow() {
     SetMinSize(FromDIP(wxSize(640, 400)));
     const auto last = mUser.GetWindow();
@@ -168,7 +189,6 @@ void FrameMain_cls::PlaceWindow() {
     const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
     KeepFarPart(*mHalves, sash);
     if (mTop->IsSplit()) KeepFarPart(*mTop, pages);
-    CallAfter([this] { mViews->GetCanvas(0).SetFocus(); });
 }
 
 // Commands
@@ -205,7 +225,6 @@ void FrameMain_cls::RemoveCache(bool all) {
 
 void FrameMain_cls::RefreshAll() {
     mInstant.Forget();
-    mFaults->Dismiss();
     ShowSettings(SettingsView_cls::kAll);
     if (mTimeline) mTimeline->RefreshFromModel();
     ShowTitle();

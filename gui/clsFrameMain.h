@@ -30,6 +30,9 @@ class FrameMain_cls : public wxFrame {
     explicit FrameMain_cls(FrameContext_cls& context);
     ~FrameMain_cls() override;
 
+    /// Shows the window and waits until it has its place on the screen: what opening files tells and asks
+    /// comes up over it.
+    void ShowAndWait();
     FrameFiles_cls& GetFiles() { return mFiles; }
     Playback_cls& GetPlayback() { return mPlayback; }
     TopHalfPanel_cls& GetViews() { return *mViews; }

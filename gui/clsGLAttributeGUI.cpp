@@ -18,20 +18,6 @@ GLAttributeGUI_cls::GLAttributeGUI_cls(wxWindow* parent, GLAttribute_cls& attrib
     AddColors(ctrl);
 }
 
-bool GLAttributeGUI_cls::DrawsPoints() const {
-    return mAttribute.mDrawType.mValue == SnapAttribute_cls::kPoint ||
-           mAttribute.mDrawType.mValue == SnapAttribute_cls::kBoth;
-}
-
-bool GLAttributeGUI_cls::DrawsBillboards() const {
-    return mAttribute.mDrawType.mValue == SnapAttribute_cls::kBillboard;
-}
-
-bool GLAttributeGUI_cls::DrawsSpheres() const {
-    return mAttribute.mDrawType.mValue == SnapAttribute_cls::kSphere ||
-           mAttribute.mDrawType.mValue == SnapAttribute_cls::kBoth;
-}
-
 void GLAttributeGUI_cls::EnableWhen(wxWindow& control, std::function<bool()> condition) {
     AddRefresher([&control, condition = std::move(condition)] { control.Enable(condition()); });
 }
@@ -49,7 +35,7 @@ void GLAttributeGUI_cls::AddTypes() {
                          _("How finely spheres are made of facets; ray-cast ones are round at any size"),
                          Words({_("Low"), _("Middle"), _("High"), _("Ray-cast")}),
                          BindAs<unsigned int>(mTitle + " : " + _("Quality"), a.mDrawQuality.mValue)),
-               [this] { return DrawsSpheres(); });
+               [&a] { return a.DrawsSpheres(); });
 
     BeginGroup(_("Modes"));
     AddChoice(
@@ -61,7 +47,7 @@ void GLAttributeGUI_cls::AddTypes() {
     EnableWhen(AddChoice(_("Shader"), _("How spheres are lit"),
                          Words({_("original"), _("Gouroud"), _("Phong"), _("Toon")}),
                          BindAs<unsigned int>(mTitle + " : " + _("Shader"), a.mShaderType.mValue)),
-               [this] { return DrawsSpheres(); });
+               [&a] { return a.DrawsSpheres(); });
     AddFile(_("Texture"), _("The picture on billboards; it must have an alpha channel"),
             _("Pictures") + " (*.png;*.tif;*.tiff;*.bmp)|*.png;*.tif;*.tiff;*.bmp",
             BindText(mTitle + " : " + _("Texture"), a.mTexFileBillboard));
@@ -74,7 +60,7 @@ void GLAttributeGUI_cls::AddRadius() {
                          _("Use Data: the radius each particle has in the data. Constant: the same for all."),
                          Words({_("Use Data"), _("Constant (unity)")}),
                          BindAs<unsigned int>(mTitle + " : " + _("Radius Type"), a.mRadiusType.mValue)),
-               [this] { return DrawsSpheres() || DrawsBillboards(); });
+               [&a] { return a.DrawsSpheres() || a.DrawsBillboards(); });
     const Setting_cls<double> ofData = BindNumber(mTitle + " : Radius Factor", a.mRadiusFactor.mValue);
     const Setting_cls<double> constant =
         BindNumber(mTitle + " : Radius Factor", a.mRadiusFactorForConst.mValue);
@@ -88,11 +74,11 @@ void GLAttributeGUI_cls::AddRadius() {
                   {.low = 1e-4, .high = 100.0, .logarithmic = true}, {.min = 0.0},
                   {[inEffect] { return inEffect().get(); },
                    [inEffect](const double& value) { inEffect().set(value); }}),
-        [this] { return DrawsSpheres() || DrawsBillboards(); });
+        [&a] { return a.DrawsSpheres() || a.DrawsBillboards(); });
     EnableWhen(AddSlider(_("Point Size"), _("Diameter of points in pixels"), {.low = 1.0, .high = 40.0},
                          {.min = 1.0, .max = 1000.0, .whole = true, .unit = _("px")},
                          BindNumber(mTitle + " : Point Size", a.mPointSize.mValue)),
-               [this] { return DrawsPoints(); });
+               [&a] { return a.DrawsPoints(); });
 }
 
 void GLAttributeGUI_cls::AddAlpha() {
@@ -120,14 +106,21 @@ void GLAttributeGUI_cls::AddAlpha() {
 }
 
 void GLAttributeGUI_cls::AddColors(ColorCurveCtrl_cls& ctrl) {
+    const GLAttribute_cls& a = mAttribute;
+    const auto spheres = [&a] { return a.DrawsSpheres(); };
     BeginGroup(_("Color"));
-    AddCurve(_("Color"), SnapAttribute_cls::kColor, ctrl);
+    AddCurve(_("Color"), SnapAttribute_cls::kColor, ctrl,
+             [&a] { return a.DrawsPoints() || a.DrawsBillboards(); });
     BeginGroup(_("Material"));
-    AddCurve(_("Ambient"), SnapAttribute_cls::kAmbient, ctrl);
-    AddCurve(_("Diffuse"), SnapAttribute_cls::kDiffuse, ctrl);
-    AddCurve(_("Specular"), SnapAttribute_cls::kSpecular, ctrl);
+    AddCurve(_("Ambient"), SnapAttribute_cls::kAmbient, ctrl, spheres);
+    AddCurve(_("Diffuse"), SnapAttribute_cls::kDiffuse, ctrl, spheres);
+    AddCurve(_("Specular"), SnapAttribute_cls::kSpecular, ctrl, spheres);
 }
 
-void GLAttributeGUI_cls::AddCurve(const wxString& label, int curve, ColorCurveCtrl_cls& ctrl) {
-    AddWindow(label, new ColorCurveBtn_cls(this, label, mAttribute.GetCurve(curve), ctrl));
+void GLAttributeGUI_cls::AddCurve(const wxString& label, int curve, ColorCurveCtrl_cls& ctrl,
+                                  std::function<bool()> condition) {
+    auto* button = new ColorCurveBtn_cls(this, label, mAttribute.GetCurve(curve), ctrl);
+    AddWindow(label, button);
+    // Copy and paste stay: curves are carried over when the type of drawing changes.
+    EnableWhen(button->GetGradient(), std::move(condition));
 }

@@ -17,13 +17,11 @@ class GLAttributeGUI_cls : public SettingsPage_cls {
     void AddRadius();
     void AddAlpha();
     void AddColors(ColorCurveCtrl_cls& ctrl);
-    void AddCurve(const wxString& label, int curve, ColorCurveCtrl_cls& ctrl);
+    /// Its gradient is greyed while the condition does not hold.
+    void AddCurve(const wxString& label, int curve, ColorCurveCtrl_cls& ctrl,
+                  std::function<bool()> condition);
     /// Greys the control while the condition does not hold.
     void EnableWhen(wxWindow& control, std::function<bool()> condition);
-
-    bool DrawsPoints() const;
-    bool DrawsBillboards() const;
-    bool DrawsSpheres() const;
 
     GLAttribute_cls& mAttribute;
     const wxString mTitle;

@@ -117,26 +117,41 @@ void ImgSequenceGUI_cls::AddFrames() {
 }
 
 void ImgSequenceGUI_cls::AddSize() {
-    wxArrayString words = Words({"As the view"});
+    wxArrayString words = Words({"Custom", "As the view"});
     for (const wxSize& size : kSizes) words.Add(wxString::Format("%d x %d", size.x, size.y));
-    auto* sizes = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, words);
-    sizes->SetName("Size");
-    sizes->SetToolTip("Size of the pictures; it does not depend on the window");
-    sizes->SetSelection(2);
-    sizes->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
+    mSizes = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, words);
+    mSizes->SetName("Size");
+    mSizes->SetToolTip("Size of the pictures; it does not depend on the window");
+    mSizes->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
         const int choice = event.GetSelection();
-        ShowSize(choice == 0 ? mLinks.getViewSize() : kSizes.at(static_cast<size_t>(choice - 1)));
+        if (choice == kOwnSize) return;
+        ShowSize(choice == kViewSize ? mLinks.getViewSize()
+                                     : kSizes.at(static_cast<size_t>(choice - kFirstSize)));
+        mSizes->SetSelection(choice);
     });
-    mGrid.AddControl("Size", *sizes);
+    mGrid.AddControl("Size", *mSizes);
     mWidth = &mGrid.AddNumber("Width", "Width of the pictures in pixels", mSequence.mWidth);
     mHeight = &mGrid.AddNumber("Height", "Height of the pictures in pixels", mSequence.mHeight);
+    for (wxTextCtrl* text : {mWidth->text, mHeight->text}) {
+        text->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
+            NameSize();
+            event.Skip();
+        });
+    }
+    NameSize();
+}
+
+void ImgSequenceGUI_cls::NameSize() {
+    const wxString words = mWidth->text->GetValue() + " x " + mHeight->text->GetValue();
+    const int known = mSizes->FindString(words);
+    mSizes->SetSelection(known == wxNOT_FOUND ? static_cast<int>(kOwnSize) : known);
 }
 
 wxSizer* ImgSequenceGUI_cls::MakeProgress() {
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     mGauge = new wxGauge(this, wxID_ANY, 1);
-    mStatus = new wxStaticText(this, wxID_ANY, "\n\n", wxDefaultPosition, wxDefaultSize,
-                               wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
+    mStatus =
+        new wxStaticText(this, wxID_ANY, "\n\n\n", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE);
     sizer->Add(mGauge, wxSizerFlags().Expand());
     sizer->Add(mStatus, wxSizerFlags(1).Expand().Border(wxTOP, FromDIP(6)));
     return sizer;
@@ -195,7 +210,7 @@ void ImgSequenceGUI_cls::ShowSize(wxSize size) {
 bool ImgSequenceGUI_cls::ReadEntries() {
     const double end = mLinks.timeCtrl.GetMaxFrame();
     const auto read = [this](EntryGrid_cls::Entry* entry, double lowest, double highest, int& value) {
-        const auto number = mGrid.Read(*entry, {lowest, highest, true});
+        const auto number = mGrid.Read(*entry, {.min = lowest, .max = highest, .whole = true});
         if (number) value = static_cast<int>(*number);
         // What was accepted is what the next change is measured against.
         if (number) entry->before = entry->text->GetValue();
@@ -219,11 +234,11 @@ void ImgSequenceGUI_cls::SaveAll() {
         wxRemoveFile(mProject.BeforeLast('.'));
     }
     if (!mLinks.saveCopy(mProject)) {
-        mStatus->SetLabel(mProject + ": the scene could not be written");
+        ShowStatus(mProject + ": the scene could not be written");
         return;
     }
     if (!mChild.Start(mLinks.program, mSequence.MakeArguments(mProject, mLinks.getPanel()))) {
-        mStatus->SetLabel(mLinks.program + ": the program could not be started");
+        ShowStatus(mLinks.program + ": the program could not be started");
         return;
     }
     mWatch.Start();
@@ -257,6 +272,14 @@ wxString ImgSequenceGUI_cls::DescribeEnd() const {
         mChild.GetDone(), frames);
 }
 
+void ImgSequenceGUI_cls::ShowStatus(const wxString& text) {
+    if (text == mStatusText) return;
+    mStatusText = text;
+    mStatus->SetLabelText(text);
+    mStatus->Wrap(mGauge->GetSize().x);
+    mStatus->SetToolTip(text);
+}
+
 void ImgSequenceGUI_cls::ShowState() {
     const bool running = IsSaving();
     // Keys go nowhere from a button that is disabled: Escape has to close the dialog.
@@ -284,5 +307,5 @@ void ImgSequenceGUI_cls::ShowState() {
         }
     }
     text += "\n" + (mChild.GetMessages().empty() ? mChild.GetFile() : mChild.GetMessages());
-    if (mStatus->GetLabel() != text) mStatus->SetLabel(text);
+    ShowStatus(text);
 }

@@ -39,6 +39,7 @@ class ImgSequenceGUI_cls : public wxDialog {
 
   private:
     enum Range : int { kThisFrame, kWorkArea, kWholeScene, kOwnRange };
+    enum Size : int { kOwnSize, kViewSize, kFirstSize };
 
     ImgSequenceGUI_cls(wxWindow& parent, const Links& links);
     ~ImgSequenceGUI_cls() override;
@@ -51,11 +52,14 @@ class ImgSequenceGUI_cls : public wxDialog {
     void ChooseFile();
     void ShowRange();
     void ShowSize(wxSize size);
+    /// The choice of sizes says which one the entries are.
+    void NameSize();
     bool ReadEntries();
     void SaveAll();
     void PauseOrGoOn();
     void OnTick();
     void ShowState();
+    void ShowStatus(const wxString& text);
     wxString DescribeEnd() const;
 
     const Links mLinks;
@@ -75,10 +79,12 @@ class ImgSequenceGUI_cls : public wxDialog {
     EntryGrid_cls::Entry* mFirst = nullptr;
     EntryGrid_cls::Entry* mLast = nullptr;
     EntryGrid_cls::Entry* mStep = nullptr;
+    wxChoice* mSizes = nullptr;
     EntryGrid_cls::Entry* mWidth = nullptr;
     EntryGrid_cls::Entry* mHeight = nullptr;
     wxGauge* mGauge = nullptr;
     wxStaticText* mStatus = nullptr;
+    wxString mStatusText;  ///< without the line ends that fit it in
     wxButton* mSave = nullptr;
     wxButton* mPause = nullptr;
     wxButton* mCancel = nullptr;

@@ -6,14 +6,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "timeline/clsTimeCtrl.h"
 
 namespace {
 
-constexpr EntryGrid_cls::Bounds kAnyNumber{-std::numeric_limits<double>::max(),
-                                           std::numeric_limits<double>::max()};
+const NumberLimits_cls kAnyNumber{};
 
 /// Times are kept as fractions of the scene; what that adds to a frame's number nobody wants to read.
 double RoundedFrame(double frame) {
@@ -100,7 +98,8 @@ void KeyFrameGUI_cls::Accept() {
 bool KeyFrameGUI_cls::Apply() {
     const int maxFrame = mTimeCtrl.GetMaxFrame();
     TimelineKeys_cls::Change change;
-    if (const auto frame = mGrid.Read(*mFrame, {0.0, static_cast<double>(maxFrame)}); frame && maxFrame > 0)
+    if (const auto frame = mGrid.Read(*mFrame, {.min = 0.0, .max = static_cast<double>(maxFrame)});
+        frame && maxFrame > 0)
         change.time = *frame / maxFrame;
     if (mType->GetSelection() != wxNOT_FOUND) change.type = static_cast<unsigned int>(mType->GetSelection());
     change.easeFactor = mGrid.Read(*mEaseFactor, kAnyNumber);

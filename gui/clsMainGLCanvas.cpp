@@ -53,7 +53,7 @@ void MainGLCanvas_cls::Redraw() {
 }
 
 void MainGLCanvas_cls::OnPaint() {
-    const wxPaintDC dc(this);
+    wxPaintDC dc(this);
     // Evaluating the particles waits for workers, and must not lead back here.
     if (mPainting) return;
     mPainting = true;
@@ -68,6 +68,8 @@ void MainGLCanvas_cls::OnPaint() {
         if (mPicture) mPicture->CopyToWindow(PixelSize().x, PixelSize().y);
         SwapBuffers();
     } else {
+        dc.SetBackground(*wxBLACK_BRUSH);
+        dc.Clear();
         mStale = false;
     }
     mPainting = false;

@@ -76,11 +76,12 @@ void SceneGUI_cls::Accept() {
 
 bool SceneGUI_cls::Apply() {
     const FrameRange area = mTimeCtrl.GetSettings().GetWorkArea();
-    const double length = mGrid.Read(*mLength, {0.0, kLongestScene, true}).value_or(mTimeCtrl.GetMaxFrame());
+    const double length = mGrid.Read(*mLength, {.min = 0.0, .max = kLongestScene, .whole = true})
+                              .value_or(mTimeCtrl.GetMaxFrame());
     // An end that is left alone goes where the new length takes it.
-    const std::optional<double> last = mGrid.Read(*mLast, {0.0, length, true});
+    const std::optional<double> last = mGrid.Read(*mLast, {.min = 0.0, .max = length, .whole = true});
     const double highest = last.value_or(std::min<double>(area.last, length));
-    const std::optional<double> first = mGrid.Read(*mFirst, {0.0, highest, true});
+    const std::optional<double> first = mGrid.Read(*mFirst, {.min = 0.0, .max = highest, .whole = true});
     if (!mGrid.TakeGood()) return false;
 
     using KeyRemap = TimeCtrl_cls::KeyRemap;

@@ -23,6 +23,10 @@ wxGLAttributes ViewGL_cls::GetAttributes() {
     return attributes;
 }
 
+bool ViewGL_cls::IsDisplaySupported() {
+    return wxGLCanvas::IsDisplaySupported(GetAttributes());
+}
+
 bool ViewGL_cls::Check() {
     const char* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
     int major = 0;
@@ -39,7 +43,10 @@ bool ViewGL_cls::MakeCurrent(wxGLCanvas& canvas) {
     if (first) mContext = std::make_unique<CanvasContext_cls>(canvas);
     if (mContext->IsOK() && mContext->MakeCurrentOn(canvas) && (!first || Check())) return true;
     mFailed = true;
-    UserMessage_cls::Tell("Warning",
-                          "This display has no OpenGL 2.1 with frame buffers: the views stay empty.");
+    // Not from inside of the painting that has found it.
+    canvas.CallAfter([] {
+        UserMessage_cls::Tell("Warning",
+                              "This display has no OpenGL 2.1 with frame buffers: the views stay empty.");
+    });
     return false;
 }

@@ -23,6 +23,8 @@ class ViewGL_cls {
 
     /// The pixel format of all canvases.
     static wxGLAttributes GetAttributes();
+    /// False where no canvas can be made at all.
+    static bool IsDisplaySupported();
     /// Makes the context current on a canvas that is on the screen; made at the first call. False when there
     /// is none.
     bool MakeCurrent(wxGLCanvas& canvas);

@@ -38,6 +38,22 @@ void GLAttribute_cls::SetToDefault() {
     for (const auto& curve : mCurves) curve->SetToDefault();
 }
 
+bool GLAttribute_cls::DrawsPoints() const {
+    return mDrawType.mValue == SnapAttribute_cls::kPoint || mDrawType.mValue == SnapAttribute_cls::kBoth;
+}
+
+bool GLAttribute_cls::DrawsBillboards() const {
+    return mDrawType.mValue == SnapAttribute_cls::kBillboard;
+}
+
+bool GLAttribute_cls::DrawsSpheres() const {
+    return mDrawType.mValue == SnapAttribute_cls::kSphere || mDrawType.mValue == SnapAttribute_cls::kBoth;
+}
+
+ColorCurve_cls& GLAttribute_cls::GetMainCurve() {
+    return GetCurve(DrawsSpheres() ? SnapAttribute_cls::kDiffuse : SnapAttribute_cls::kColor);
+}
+
 SnapAttribute_cls GLAttribute_cls::GetSnapAttribute() const {
     SnapAttribute_cls attribute{.drawType = mDrawType.mValue,
                                 .alphaType = mAlphaType.mValue,

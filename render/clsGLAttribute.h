@@ -31,6 +31,11 @@ class GLAttribute_cls {
     int GetIndex() const { return mIndex; }
     /// The curve of SnapAttribute_cls::Curve.
     ColorCurve_cls& GetCurve(int curve) { return *mCurves.at(static_cast<size_t>(curve)); }
+    /// The curve that the eye sees as the particles' colour, as they are drawn now.
+    ColorCurve_cls& GetMainCurve();
+    bool DrawsPoints() const;
+    bool DrawsBillboards() const;
+    bool DrawsSpheres() const;
 
     /// What the drawable state needs to know.
     SnapAttribute_cls GetSnapAttribute() const;

@@ -153,9 +153,8 @@ void ScenePass_cls::DrawLegend(const SceneView_cls& view, const OverlayText_cls&
     const int attribute = static_cast<int>(which) - 1;
     const wxString& unit = mLinks.shared.mLegendUnit.GetValueText();
     const LegendBar_cls bar(view.mWidth, view.mHeight);
-    bar.Draw(
-        ColorLegend_cls::Of(
-            mLinks.data.GetActive().GetAttribute(attribute).GetCurve(SnapAttribute_cls::kColor),
-            unit == PanelShared_cls::kNoUnit ? wxString() : unit, LegendBar_cls::kSteps, bar.GetMaxTicks()),
-        text);
+    bar.Draw(ColorLegend_cls::Of(mLinks.data.GetActive().GetAttribute(attribute).GetMainCurve(),
+                                 unit == PanelShared_cls::kNoUnit ? wxString() : unit, LegendBar_cls::kSteps,
+                                 bar.GetMaxTicks()),
+             text);
 }

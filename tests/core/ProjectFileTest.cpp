@@ -303,6 +303,29 @@ TEST_F(ProjectFileTest, AKillAtAnyMomentLeavesAWholeFile) {
     EXPECT_GT(left, 10) << "hardly a kill met a save";
 }
 
+TEST_F(ProjectFileTest, ACopyForSafetyNamesTheSameData) {
+    mFolder.Write("relative.vhp", "DataSequence0=NONE\ns0000.dat\n");
+    std::filesystem::create_directory(mFolder.File("copies"));
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(mFolder.Path());
+    mMain->ReadProjectFile("relative.vhp");
+    const bool written = mMain->GetProjectFile().WriteCopy("copies/copy.vhp");
+    std::filesystem::current_path(before);
+    ASSERT_TRUE(written);
+    StartAnew();
+    ASSERT_TRUE(mMain->ReadProjectFile(FromFolder("copies/copy.vhp")));
+    EXPECT_EQ(mMain->GetSeqCtrl().GetActive().GetSeqLength(), 3);
+    EXPECT_TRUE(mMain->GetProjectFile().GetFaults().empty());
+}
+
+TEST_F(ProjectFileTest, ACutProjectAndMissingDataAreNamed) {
+    ASSERT_TRUE(Read("DataSequence0=NONE\n/nowhere/a0000.dat\nTimeMaxFr"));
+    const std::vector<wxString> faults = mMain->GetProjectFile().GetFaults();
+    ASSERT_EQ(faults.size(), 2U);
+    EXPECT_TRUE(faults[0].Contains("read.vhp"));
+    EXPECT_TRUE(faults[1].Contains("/nowhere/a0000.dat"));
+}
+
 TEST_F(ProjectFileTest, WhatCannotBeSavedLeavesTheOldFile) {
     EXPECT_EQ(mMain->SaveProjectFile(FromFolder("no/such/folder.vhp"), true), 0);
     EXPECT_EQ(mMain->SaveProjectFile("/dev/full", true), 0);
