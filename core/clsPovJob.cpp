@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kPeriodMs = 10;
+constexpr int kRenderPeriodMs = 10;
 /// What the renderer keeps for a particle and for itself, as measured; billboards need the most.
 constexpr double kByteOfParticle = 600.0;
 constexpr double kByteOfRenderer = 100e6;
@@ -111,7 +111,7 @@ PovJob_cls::Result PovJob_cls::Render() {
         while (control.IsBusy() && !Interrupt_cls::IsRaised()) control.ProcessRenderPovAnim();
         return Interrupt_cls::IsRaised() || !control.ProcessRenderPovAnim();
     };
-    PollUntil(isOver, kPeriodMs);
+    PollUntil(isOver, kRenderPeriodMs);
     if (Interrupt_cls::IsRaised()) {
         control.AbortRenderPovAnim();
         return Result::Interrupted;

@@ -15,16 +15,16 @@
 #include "gui/clsSettingsDialog.h"
 #include "gui/clsSettingsPage.h"
 #include "gui/clsShownInstant.h"
+#include "gui/clsSpacing.h"
 #include "seam/clsEventSink.h"
 #include "timeline/clsTimeCtrl.h"
 
 namespace {
 
-constexpr int kGap = 6;
 /// How often renders are looked at, besides the events that they post.
-constexpr int kPeriodMs = 100;
+constexpr int kLookPeriodMs = 100;
 /// What the writing of a frame counts in its progress.
-constexpr double kWriting = 0.5;
+constexpr double kWritingShare = 0.5;
 
 }  // namespace
 
@@ -55,7 +55,8 @@ PovRayGUI_cls::PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const Ti
     mFrame->Bind(wxEVT_MENU, &PovRayGUI_cls::OnReturned, this, EventSink_cls::kRendererReturned);
     mControl.SetObserver([this](const PovRenderPool_cls::Outcome& outcome) { OnOutcome(outcome); });
     mControl.SetProgress([this](double share) {
-        ShowProgress(kWriting * share, wxString::Format(_("writing %d %%"), static_cast<int>(100.0 * share)));
+        ShowProgress(kWritingShare * share,
+                     wxString::Format(_("writing %d %%"), static_cast<int>(100.0 * share)));
         return true;
     });
     UpdateButtonLabels();
@@ -75,7 +76,7 @@ void PovRayGUI_cls::MakeButtons() {
             new wxButton(this, wxID_ANY, name, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
         button->SetToolTip(tooltip);
         button->Bind(wxEVT_BUTTON, [this, press](wxCommandEvent&) { (this->*press)(); });
-        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(Spacing::kRow)));
         return button;
     };
     mExport = add(_("Export Frame"), _("Writes scene and options of the current frame, and renders nothing"),
@@ -88,9 +89,9 @@ void PovRayGUI_cls::MakeButtons() {
                          wxDefaultValidator, "Progress");
     mStatus = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE, "Status");
-    GetSizer()->Add(row, wxSizerFlags().Border(wxTOP, FromDIP(kGap)));
-    GetSizer()->Add(mGauge, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap)));
-    GetSizer()->Add(mStatus, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap)));
+    GetSizer()->Add(row, wxSizerFlags().Border(wxTOP, FromDIP(Spacing::kRow)));
+    GetSizer()->Add(mGauge, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kRow)));
+    GetSizer()->Add(mStatus, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kRow)));
 }
 
 void PovRayGUI_cls::ShowSettings(std::uint64_t) {
@@ -140,7 +141,7 @@ void PovRayGUI_cls::Proceed() {
     if (mProceeding || !mMayPrepare()) return;
     mProceeding = true;
     const bool rendering = mControl.ProcessRenderPovAnim();
-    if (rendering && !mControl.IsBusy()) ShowProgress(kWriting, _("rendering"));
+    if (rendering && !mControl.IsBusy()) ShowProgress(kWritingShare, _("rendering"));
     mProceeding = false;
 }
 
@@ -179,7 +180,7 @@ void PovRayGUI_cls::UpdateButtonLabels() {
     if (!rendering) {
         mTimer.Stop();
     } else if (!mTimer.IsRunning()) {
-        mTimer.Start(kPeriodMs);
+        mTimer.Start(kLookPeriodMs);
     }
     Layout();
 }

@@ -6,9 +6,9 @@
 namespace {
 
 /// Entries that one thread writes in one go.
-constexpr size_t kPiece = 4096;
+constexpr size_t kTextPiece = 4096;
 /// The particle that will be written after this many others is fetched from memory ahead of time.
-constexpr size_t kAhead = 16;
+constexpr size_t kPrefetchAhead = 16;
 /// Smaller radii need more digits than seven behind the point.
 constexpr float kCoarseRadius = 1e-3F;
 
@@ -46,14 +46,14 @@ bool PovParticleText_cls::Step(PovText_cls& text) {
     const Stage& stage = mStages[mStage];
     if (mDone == 0 && stage.open) (this->*stage.open)(text);
     const size_t begin = mDone;
-    mDone = std::min(begin + kPiece * mPieces.size(), stage.count);
+    mDone = std::min(begin + kTextPiece * mPieces.size(), stage.count);
     const auto make = [this, &stage, begin](size_t piece, size_t slot) {
-        const size_t from = begin + piece * kPiece;
+        const size_t from = begin + piece * kTextPiece;
         mPieces[slot].Clear();
-        (this->*stage.write)(mPieces[slot], from, std::min(from + kPiece, mDone));
+        (this->*stage.write)(mPieces[slot], from, std::min(from + kTextPiece, mDone));
     };
     const auto take = [this, &text](size_t, size_t slot) { text << mPieces[slot].Get(); };
-    PieceWork_cls::Run((mDone - begin + kPiece - 1) / kPiece, make, take);
+    PieceWork_cls::Run((mDone - begin + kTextPiece - 1) / kTextPiece, make, take);
     if (mDone < stage.count) return true;
     ++mStage;
     mDone = 0;
@@ -73,7 +73,7 @@ double PovParticleText_cls::GetShare() const {
 void PovParticleText_cls::WriteSpheres(PovText_cls& text, size_t begin, size_t end) const {
     for (size_t place = begin; place < end; ++place) {
         // Particles of one look lie far apart in memory.
-        if (place + kAhead < end) __builtin_prefetch(&mCloud.items[mOrder[place + kAhead]]);
+        if (place + kPrefetchAhead < end) __builtin_prefetch(&mCloud.items[mOrder[place + kPrefetchAhead]]);
         const PovCloud_cls::Item& item = mCloud.items[mOrder[place]];
         const size_t first = mBegins[item.look];
         const size_t last = mBegins[item.look + 1] - 1;

@@ -12,7 +12,7 @@
 namespace {
 
 /// Particles that one thread chooses in one go.
-constexpr size_t kPiece = 1 << 14;
+constexpr size_t kGatherPiece = 1 << 15;
 
 /// A sphere larger than this, in scene lengths, is as good as flat.
 constexpr double kLargestRadius = 1e6;
@@ -185,8 +185,8 @@ PovCloud_cls PovParticles_cls::Gather(const PovCamera_cls& camera, const PovSpac
     std::array<std::unique_ptr<Part>, PieceWork_cls::kSlots> parts;
     const auto gather = [&](size_t piece, size_t slot) {
         parts[slot] = std::make_unique<Part>(mHasFineColors);
-        const size_t first = piece * kPiece;
-        GatherPart(first, std::min(kPiece, drawn - first), view, *parts[slot]);
+        const size_t first = piece * kGatherPiece;
+        GatherPart(first, std::min(kGatherPiece, drawn - first), view, *parts[slot]);
     };
     const auto take = [&](size_t, size_t slot) {
         const Part& part = *parts[slot];
@@ -204,7 +204,7 @@ PovCloud_cls PovParticles_cls::Gather(const PovCamera_cls& camera, const PovSpac
             cloud.facings.insert(cloud.facings.end(), part.facings.begin(), part.facings.end());
         parts[slot].reset();
     };
-    PieceWork_cls::Run((drawn + kPiece - 1) / kPiece, gather, take);
+    PieceWork_cls::Run((drawn + kGatherPiece - 1) / kGatherPiece, gather, take);
     cloud.looks = palette.GetLooks();
     return cloud;
 }

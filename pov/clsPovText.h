@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -98,24 +99,21 @@ class PovText_cls {
         } else {
             to = std::to_chars(to, to + kLongest / 2, whole).ptr;
         }
+        PutEight(to, static_cast<std::uint32_t>(scaled % kFraction));
         *to = '.';
-        auto fraction = static_cast<std::uint32_t>(scaled % kFraction);
-        for (char* pair = to + 6; pair > to + 1; pair -= 2) {
-            std::memcpy(pair, &kPairs[2 * (fraction % 100)], 2);
-            fraction /= 100;
-        }
-        to[1] = static_cast<char>('0' + fraction);
         return to + 8;
     }
-    /// "00" to "99"
-    static constexpr std::array<char, 200> kPairs = [] {
-        std::array<char, 200> pairs{};
-        for (size_t i = 0; i < 100; ++i) {
-            pairs[2 * i] = static_cast<char>('0' + i / 10);
-            pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-        }
-        return pairs;
-    }();
+    /// Eight digits at once: split in halves, pairs and digits that lie side by side in one word.
+    static void PutEight(char* to, std::uint32_t number) {
+        constexpr std::uint64_t kTenThousand = 10000;
+        std::uint64_t word = number / kTenThousand | (number % kTenThousand) << 32U;
+        const std::uint64_t hundreds = ((word * 10486) >> 20U) & 0x0000007F0000007FU;
+        word = hundreds | (word - hundreds * 100) << 16U;
+        const std::uint64_t tens = ((word * 103) >> 10U) & 0x000F000F000F000FU;
+        word = tens | (word - tens * 10) << 8U | 0x3030303030303030U;
+        if constexpr (std::endian::native == std::endian::big) word = __builtin_bswap64(word);
+        std::memcpy(to, &word, sizeof word);
+    }
 
     OutputFile_cls* mFile = nullptr;
     std::vector<char> mBlock;

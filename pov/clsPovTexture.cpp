@@ -20,10 +20,6 @@ constexpr float kLeastDiffuse = 1e-3F;
 /// Of the highlights, as the view has them: the power of the cosine.
 constexpr double kShininess = 32.0;
 
-std::array<float, 3> Floats(const Vector3& v) {
-    return {static_cast<float>(v[0]), static_cast<float>(v[1]), static_cast<float>(v[2])};
-}
-
 /// A highlight as the renderer knows it: so strong, between the light's colour and the material's.
 struct Highlight_cls {
     double strength;
@@ -76,7 +72,7 @@ void PovTexture_cls::Write(PovText_cls& text, const PovLook_cls& look) const {
 void PovTexture_cls::WriteLit(PovText_cls& text, const PovLook_cls& look) const {
     const float alpha = look.color[3];
     std::array<float, 3> diffuse{};
-    Vector3 ambient{};
+    std::array<float, 3> ambient{};
     Vector3 specular{};
     for (size_t c = 0; c < 3; ++c) {
         diffuse[c] = std::max(look.color[c], kLeastDiffuse);
@@ -89,7 +85,7 @@ void PovTexture_cls::WriteLit(PovText_cls& text, const PovLook_cls& look) const 
     const float strength = look.isAdditive ? alpha / kClear : 1.0F;
     text << "texture { pigment { rgbt <" << diffuse[0] * strength << ',' << diffuse[1] * strength << ','
          << diffuse[2] * strength << ',' << (look.isAdditive ? 1.0F - kClear : 1.0F - alpha)
-         << "> } finish { ambient rgb " << Floats(ambient) << " diffuse 1 specular "
+         << "> } finish { ambient rgb " << ambient << " diffuse 1 specular "
          << static_cast<float>(highlight.strength) * alpha << " roughness "
          << static_cast<float>(1.0 / kShininess) << " metallic " << static_cast<float>(highlight.metallic)
          << " } }";
