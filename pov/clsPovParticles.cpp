@@ -15,7 +15,7 @@ namespace {
 constexpr size_t kGatherPiece = 1 << 15;
 
 /// A sphere larger than this, in scene lengths, is as good as flat.
-constexpr double kLargestRadius = 1e6;
+constexpr double kFlatRadius = 1e6;
 
 bool IsFinite(const float* position) {
     return std::isfinite(position[0]) && std::isfinite(position[1]) && std::isfinite(position[2]);
@@ -143,7 +143,7 @@ void PovParticles_cls::Add(const Brush& brush, PovLook_cls::Kind kind, size_t i,
     const double depth = view.camera.GetDepth(place);
     const double radius = kind == PovLook_cls::Kind::Glow
                               ? brush.pointRadius * view.camera.GetPixel(depth)
-                              : std::min(dataRadius * view.space.scale, kLargestRadius);
+                              : std::min(dataRadius * view.space.scale, kFlatRadius);
     const bool isDeep = kind == PovLook_cls::Kind::Sphere;
     if (!(radius > 0.0) || !view.camera.IsInRange(depth, isDeep ? radius : 0.0)) return;
     const PovLook_cls look = LookOf(brush, kind, i, dataRadius);
