@@ -77,7 +77,6 @@ DataLoaderGUI_cls::DataLoaderGUI_cls(wxWindow* parent, LoadDraft_cls& draft)
     const wxRect screen = wxDisplay(this).GetClientArea();
     SetSize(wxSize(std::min(FromDIP(kWidth), screen.width - kDesktop),
                    std::min(FromDIP(kHeight), screen.height - kDesktop)));
-    CentreOnParent();
     SetDropTarget(new FileDrop(*this));
     Bind(wxEVT_BUTTON, &DataLoaderGUI_cls::TryToOpen, this, wxID_OK);
     ShowDraft();
