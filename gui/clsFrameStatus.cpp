@@ -2,20 +2,25 @@
 
 #include <array>
 #include <cmath>
+#include <filesystem>
 
 #include "data/clsBodyProgress.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsThreadFileReader.h"
 #include "gui/clsFrameContext.h"
 #include "render/clsDrawOption.h"
+#include "seam/clsTextCoding.h"
 #include "timeline/clsTimeCtrl.h"
 
 namespace {
 
 enum Field : int { kReading, kInstant, kDrawn, kMemory };
 
+/// As the user named it: a series with other names is read through links.
 wxString NameOf(const wxString& path) {
-    return path.AfterLast('/');
+    std::error_code isNoLink;
+    const std::filesystem::path target = std::filesystem::read_symlink(ToBytes(path), isNoLink);
+    return (isNoLink ? path : FromBytes(target.string())).AfterLast('/');
 }
 
 }  // namespace
@@ -40,7 +45,7 @@ void FrameStatus_cls::RefreshFromModel() {
 
 wxString FrameStatus_cls::Reading() const {
     const PDataSequence_cls& data = mContext.seqCtrl.GetActive();
-    if (data.GetSeqLength() == 0) return "no data: open a file, or drop it here";
+    if (data.GetSeqLength() == 0) return "no data: Ctrl+D opens a file, or drop one here";
     const int reading = GThreadReaderIndex.load(std::memory_order_acquire);
     if (reading >= 0 && GpCThreadReader.load(std::memory_order_acquire)) {
         return wxString::Format("reading %s %d %%", NameOf(data.GetFilename(reading)),
