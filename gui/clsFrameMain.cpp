@@ -29,7 +29,7 @@ namespace {
 
 const wxSize kFirstSize(1280, 800);
 constexpr int kTimelineHeight = 230;
-constexpr int kPagesWidth = 340;
+constexpr int kPagesBorder = 2;
 constexpr int kLeastPart = 120;
 /// A window manager that is slower does not get its window waited for.
 constexpr long long kShowPatienceMs = 1000;
@@ -143,7 +143,7 @@ void FrameMain_cls::MakeParts() {
         splitter->SetSashGravity(1.0);
     }
     if (mPages->GetPageCount() > 0) {
-        mTop->SplitVertically(mViews, mPages, -FromDIP(kPagesWidth));
+        mTop->SplitVertically(mViews, mPages, -PagesWidth());
     } else {
         mPages->Hide();
         mTop->Initialize(mViews);
@@ -161,6 +161,13 @@ void FrameMain_cls::MakeParts() {
     SetSizer(column);
     mStatus = new FrameStatus_cls(this, mContext);
     SetStatusBar(mStatus);
+}
+
+int FrameMain_cls::PagesWidth() const {
+    int width = 0;
+    for (size_t i = 0; i < mPages->GetPageCount(); ++i)
+        width = std::max(width, mPages->GetPage(i)->GetBestSize().x);
+    return width + mTop->GetSashSize() + FromDIP(kPagesBorder);
 }
 
 void FrameMain_cls::ShowAndWait() {
@@ -184,11 +191,12 @@ void FrameMain_cls::PlaceWindow() {
         SetSize(wxSize(std::min(FromDIP(kFirstSize.x), screen.width),
                        std::min(FromDIP(kFirstSize.y), screen.height)));
     } else {
-        SetSize(last->place);
+        Move(last->place.GetPosition());
+        SetClientSize(last->place.GetSize());
         if (last->maximized) Maximize();
     }
     const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
-    const int pages = last && last->pages < 0 ? last->pages : -FromDIP(kPagesWidth);
+    const int pages = last && last->pages < 0 ? last->pages : -PagesWidth();
     KeepFarPart(*mHalves, sash);
     if (mTop->IsSplit()) KeepFarPart(*mTop, pages);
 }

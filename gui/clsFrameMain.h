@@ -49,6 +49,8 @@ class FrameMain_cls : public wxFrame {
     std::vector<FrameMenu_cls::Entry> AnimationEntries();
     std::vector<FrameMenu_cls::Entry> RenderEntries();
     void PlaceWindow();
+    /// What the pages of settings need.
+    int PagesWidth() const;
     /// Data that nobody has set up yet get a look that shows something.
     void SuggestFirstLook(const SnapData_cls& state);
     void TogglePlay();

@@ -69,6 +69,13 @@ void SettingsPage_cls::AddLabel(const wxString& label) {
     for (wxStaticText* text : mLabels) text->SetMinSize(wxSize(width, -1));
 }
 
+bool SettingsPage_cls::Layout() {
+    const wxSize size = GetVirtualSize();
+    GetSizer()->SetDimension(CalcScrolledPosition(wxPoint(0, 0)),
+                             wxSize(std::max(size.x, GetSizer()->GetMinSize().x), size.y));
+    return true;
+}
+
 wxSize SettingsPage_cls::DoGetBestSize() const {
     return GetSizer()->GetMinSize() + wxSize(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this), 0);
 }

@@ -67,6 +67,9 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
     void RefreshFromModel();
     void ShowSettings(std::uint64_t) override { RefreshFromModel(); }
 
+    /// A page that is too narrow is cut off at its right: squeezed controls cannot even draw their borders.
+    bool Layout() override;
+
   protected:
     /// All of the page, so that a dialog shows it without scrolling where the screen allows.
     wxSize DoGetBestSize() const override;

@@ -98,7 +98,8 @@ void UserSettings_cls::SaveWindow(const wxTopLevelWindow& window, int sash, int 
     mConfig->Write("Window/Sash", sash);
     mConfig->Write("Window/Pages", pages);
     if (!maximized && !window.IsIconized()) {
-        const wxRect place = window.GetRect();
+        // The frame around it is the window manager's, and is not known yet when the window opens again.
+        const wxRect place(window.GetPosition(), window.GetClientSize());
         mConfig->Write("Window/X", place.x);
         mConfig->Write("Window/Y", place.y);
         mConfig->Write("Window/Width", place.width);

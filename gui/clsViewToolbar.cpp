@@ -49,6 +49,8 @@ ViewToolbar_cls::ViewToolbar_cls(wxWindow* parent, PanelSettings_cls& panel, Pan
     AddSwitch("grid", "Show/Hide Grid", mPanel.mShowGrid);
     AddSwitch("particles", "Show/Hide Data", mPanel.mShowData);
     mRow->AddSpacer(FromDIP(4));
+    // As high as it is with all of them, however few there is room for.
+    mRow->SetMinSize(wxSize(0, mRow->CalcMin().y));
 
     mMark = new wxPanel(this);
     mMark->SetMinSize(wxSize(1, FromDIP(kMarkHeight)));
