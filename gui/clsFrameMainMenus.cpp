@@ -3,6 +3,7 @@
 #include <wx/msgdlg.h>
 
 #include "data/clsPDataSeqCtrl.h"
+#include "gui/clsDemo.h"
 #include "gui/clsFrameMain.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsSavePictures.h"
@@ -179,7 +180,13 @@ void FrameMain_cls::MakeMenus() {
     add("&Animation", Menu::Animation, AnimationEntries());
     add("&Render", Menu::Render, RenderEntries());
     mMenu.Add("&Help",
-              {{.label = "&Mouse and Keys",
+              {{.label = "&Demo",
+                .help = "Open a small simulation: two galaxies pass each other",
+                .action =
+                    [this] {
+                        if (const wxString demo = MakeDemo(this); !demo.empty()) mFiles.Open(demo);
+                    }},
+               {.label = "&Mouse and Keys",
                 .help = "What mouse and keys do",
                 .action = [this] { ShowMouseAndKeys(); }},
                {.label = "&About", .help = "Which version this is", .action = [this] { ShowAbout(); }}});
