@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kPeriodMs = 10;
+constexpr int kRenderPeriodMs = 10;
 /// What the renderer keeps for a particle and for itself, as measured; billboards need the most.
 constexpr double kByteOfParticle = 600.0;
 constexpr double kByteOfRenderer = 100e6;
@@ -107,7 +107,7 @@ int PovJob_cls::ChooseRenderers() {
 PovJob_cls::Result PovJob_cls::Render() {
     PovRayCtrl_cls& control = mMain.GetPovRayCtrl();
     control.StartRenderPovAnim(mFrames, ChooseRenderers());
-    PollUntil([&] { return Interrupt_cls::IsRaised() || !control.ProcessRenderPovAnim(); }, kPeriodMs);
+    PollUntil([&] { return Interrupt_cls::IsRaised() || !control.ProcessRenderPovAnim(); }, kRenderPeriodMs);
     if (Interrupt_cls::IsRaised()) {
         control.AbortRenderPovAnim();
         return Result::Interrupted;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "data/clsLayoutHint.h"
+#include "data/clsLoadNumber.h"
 #include "data/clsParticleTarget.h"
 #include "data/clsSnapshotHeader.h"
 
@@ -18,13 +19,6 @@ constexpr size_t kUnit = 4;
 constexpr float kHardlyLarger = 1e30F;
 constexpr float kHardlySmaller = 1e-30F;
 
-template <class Number>
-Number Load(const char* bytes) {
-    Number value;
-    std::memcpy(&value, bytes, sizeof value);
-    return value;
-}
-
 bool IsLikely(float value) {
     const float size = std::abs(value);
     return value == 0.0F || (size < kHardlyLarger && size > kHardlySmaller);
@@ -36,9 +30,9 @@ Cell RealCell(float value) {
 
 /// What is skipped is shown as what it probably is.
 Cell DummyCell(const char* bytes) {
-    const auto real = Load<float>(bytes);
+    const auto real = LoadNumber<float>(bytes);
     if (std::isfinite(real) && IsLikely(real)) return RealCell(real);
-    return {wxString::Format("%d", Load<int32_t>(bytes))};
+    return {wxString::Format("%d", LoadNumber<int32_t>(bytes))};
 }
 
 Cell TypeCell(int32_t number) {
@@ -53,10 +47,10 @@ std::vector<Cell> DecodeRecord(const char* bytes, const GrammerBase_cls& grammer
         for (unsigned int i = 0; i < GrammerBase_cls::BodyUnits(code); ++i, bytes += kUnit) {
             switch (code) {
                 case GrammerBase_cls::kID:
-                    cells.push_back({wxString::Format("%d", Load<int32_t>(bytes))});
+                    cells.push_back({wxString::Format("%d", LoadNumber<int32_t>(bytes))});
                     break;
                 case GrammerBase_cls::kType:
-                    cells.push_back(TypeCell(Load<int32_t>(bytes)));
+                    cells.push_back(TypeCell(LoadNumber<int32_t>(bytes)));
                     break;
                 case GrammerBase_cls::kDummy:
                 case GrammerBase_cls::kDummy3:
@@ -64,7 +58,7 @@ std::vector<Cell> DecodeRecord(const char* bytes, const GrammerBase_cls& grammer
                     cells.push_back(DummyCell(bytes));
                     break;
                 default:
-                    cells.push_back(RealCell(Load<float>(bytes)));
+                    cells.push_back(RealCell(LoadNumber<float>(bytes)));
             }
         }
     }
@@ -85,7 +79,7 @@ wxString FindUnlikely(const FileStart_cls& start, size_t headerByte, size_t reco
         for (const int code : grammer.GetBodyGrammer()) {
             for (unsigned int i = 0; i < GrammerBase_cls::BodyUnits(code); ++i, position += kUnit) {
                 if (!IsReal(code)) continue;
-                const auto value = Load<float>(position);
+                const auto value = LoadNumber<float>(position);
                 if (std::isfinite(value) && IsLikely(value)) continue;
                 const wxString words =
                     std::isfinite(value) ? " is hardly a number of this kind" : " is not finite";

@@ -3,17 +3,12 @@
 #include <algorithm>
 #include <cstring>
 
+#include "data/clsLoadNumber.h"
+
 namespace {
 
 /// Records cut at a time: their bytes and their places in the arrays fit into 32 KiB.
 constexpr size_t kGroup = 256;
-
-template <class Value>
-Value Load(const char* bytes) {
-    Value value;
-    std::memcpy(&value, bytes, sizeof value);
-    return value;
-}
 
 template <size_t kByte>
 void CutColumn(const char* from, size_t stride, size_t count, void* to) {
@@ -23,7 +18,7 @@ void CutColumn(const char* from, size_t stride, size_t count, void* to) {
 
 template <uint8_t (*Store)(int32_t)>
 void CutTypes(const char* from, size_t stride, size_t count, uint8_t* to) {
-    for (size_t i = 0; i < count; ++i) to[i] = Store(Load<int32_t>(from + stride * i));
+    for (size_t i = 0; i < count; ++i) to[i] = Store(LoadNumber<int32_t>(from + stride * i));
 }
 
 /// Walked layouts keep the low byte of the type before it is limited, so that 256 is type 0 there: existing

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <string>
 
+#include "data/clsLoadNumber.h"
+
 namespace {
 
 /// Longer header lines are cut: numbers stand at their start.
@@ -18,7 +20,7 @@ std::string_view TrimFront(std::string_view text) {
 }
 
 /// The number that a line starts with; Fortran writes exponents with a D.
-bool ParseReal(std::string_view line, double* value) {
+bool ParseLeadingReal(std::string_view line, double* value) {
     line = TrimFront(line);
     if (!line.empty() && line.front() == '+') line.remove_prefix(1);
     std::string word(line.substr(0, line.find_first_of(" \t,;")));
@@ -31,23 +33,17 @@ bool ParseReal(std::string_view line, double* value) {
 
 bool ParseTime(std::string_view line, std::optional<double>* time) {
     double value = 0.0;
-    const bool good = ParseReal(line, &value);
+    const bool good = ParseLeadingReal(line, &value);
     time->emplace(good ? value : 0.0);
     return good;
 }
 
 bool ParseCount(std::string_view line, std::optional<int>* number) {
     double value = 0.0;
-    const bool good = ParseReal(line, &value) && value == std::floor(value) && std::abs(value) <= INT_MAX;
+    const bool good =
+        ParseLeadingReal(line, &value) && value == std::floor(value) && std::abs(value) <= INT_MAX;
     number->emplace(good ? static_cast<int>(value) : 0);
     return good;
-}
-
-template <class Number>
-Number Load(const char* bytes) {
-    Number value;
-    std::memcpy(&value, bytes, sizeof value);
-    return value;
 }
 
 }  // namespace
@@ -78,11 +74,11 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
     for (const int code : grammer.GetHeaderGrammer()) {
         switch (code) {
             case GrammerBase_cls::kTime:
-                header.mTime = static_cast<double>(Load<float>(position));
+                header.mTime = static_cast<double>(LoadNumber<float>(position));
                 if (!std::isfinite(*header.mTime)) header.mTime = 0.0;
                 break;
             case GrammerBase_cls::kNumber:
-                header.mNumber = Load<int32_t>(position);
+                header.mNumber = LoadNumber<int32_t>(position);
                 break;
             default:
                 break;

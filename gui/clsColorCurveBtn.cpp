@@ -5,14 +5,13 @@
 
 #include "gui/clsGradientImage.h"
 #include "gui/clsIcons.h"
+#include "gui/clsSpacing.h"
 #include "render/clsColorCurveCtrl.h"
 
 namespace {
 
-constexpr int kWidth = 120;
-constexpr int kHeight = 18;
-constexpr int kSquare = 6;
-constexpr int kGap = 2;
+constexpr int kButtonWidth = 120;
+constexpr int kButtonHeight = 18;
 
 }  // namespace
 
@@ -27,7 +26,7 @@ ColorCurveBtn_cls::ColorCurveBtn_cls(wxWindow* parent, const wxString& name, Col
         button->Bind(wxEVT_BUTTON, [this, press](wxCommandEvent&) { (this->*press)(); });
         return button;
     };
-    mGradient = new wxBitmapButton(this, wxID_ANY, wxBitmap(FromDIP(wxSize(kWidth, kHeight))),
+    mGradient = new wxBitmapButton(this, wxID_ANY, wxBitmap(FromDIP(wxSize(kButtonWidth, kButtonHeight))),
                                    wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
     mGradient->SetToolTip(wxString::Format(_("%s: opens the color curve editor"), mCurve.GetDisplayName()));
     mGradient->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { mCtrl.LinkColorCurve(mCurve); });
@@ -39,8 +38,8 @@ ColorCurveBtn_cls::ColorCurveBtn_cls(wxWindow* parent, const wxString& name, Col
     auto* sizer = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags flags = wxSizerFlags().CenterVertical();
     sizer->Add(mGradient, flags);
-    sizer->Add(copy, wxSizerFlags(flags).Border(wxLEFT, FromDIP(kGap)));
-    sizer->Add(paste, wxSizerFlags(flags).Border(wxLEFT, FromDIP(kGap)));
+    sizer->Add(copy, wxSizerFlags(flags).Border(wxLEFT, FromDIP(Spacing::kThin)));
+    sizer->Add(paste, wxSizerFlags(flags).Border(wxLEFT, FromDIP(Spacing::kThin)));
     SetSizerAndFit(sizer);
 
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
@@ -61,9 +60,9 @@ wxWindow& ColorCurveBtn_cls::GetGradient() {
 }
 
 void ColorCurveBtn_cls::PaintGradient() {
-    const wxSize size = FromDIP(wxSize(kWidth, kHeight));
-    mGradient->SetBitmap(wxBitmap(
-        GradientImage_cls::Make(mCurve, GradientImage_cls::Show::Effect, size.x, size.y, FromDIP(kSquare))));
+    const wxSize size = FromDIP(wxSize(kButtonWidth, kButtonHeight));
+    mGradient->SetBitmap(wxBitmap(GradientImage_cls::Make(mCurve, GradientImage_cls::Show::Effect, size.x,
+                                                          size.y, FromDIP(GradientImage_cls::kSquare))));
 }
 
 void ColorCurveBtn_cls::ShowSettings(std::uint64_t) {

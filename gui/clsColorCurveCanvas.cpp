@@ -16,11 +16,10 @@
 namespace {
 
 // Device independent pixels
-constexpr int kMargin = 12;
+constexpr int kCurveMargin = 12;
 constexpr int kBarHeight = 30;
 constexpr int kHandle = 6;
 constexpr int kReach = 7;  ///< how near to a key the mouse takes hold of it
-constexpr int kSquare = 6;
 constexpr double kStep = 0.01;
 constexpr double kFineStep = 0.001;
 constexpr size_t kBins = 96;
@@ -100,15 +99,15 @@ void ColorCurveCanvas_cls::SetPosition(double position) {
 
 wxRect ColorCurveCanvas_cls::GetBar() const {
     const wxSize size = GetClientSize();
-    const int margin = FromDIP(kMargin);
+    const int margin = FromDIP(kCurveMargin);
     const int height = FromDIP(kBarHeight);
     return {margin, size.y - margin - height, std::max(size.x - 2 * margin, 1), height};
 }
 
 wxRect ColorCurveCanvas_cls::GetPlot() const {
     const wxRect bar = GetBar();
-    const int top = FromDIP(kMargin) / 2;
-    return {bar.x, top, bar.width, std::max(bar.y - top - FromDIP(kMargin) / 2, 1)};
+    const int top = FromDIP(kCurveMargin) / 2;
+    return {bar.x, top, bar.width, std::max(bar.y - top - FromDIP(kCurveMargin) / 2, 1)};
 }
 
 double ColorCurveCanvas_cls::ToPosition(int x) const {
@@ -222,7 +221,7 @@ void ColorCurveCanvas_cls::DrawChannels(wxGraphicsContext& graphics) const {
 void ColorCurveCanvas_cls::DrawBar(wxGraphicsContext& graphics) const {
     const wxRect bar = GetBar();
     const wxImage image = GradientImage_cls::Make(*mCurve, GradientImage_cls::Show::Keys, bar.width,
-                                                  bar.height, FromDIP(kSquare));
+                                                  bar.height, FromDIP(GradientImage_cls::kSquare));
     graphics.DrawBitmap(wxBitmap(image), bar.x, bar.y, bar.width, bar.height);
 
     const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);

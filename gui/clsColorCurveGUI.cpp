@@ -10,12 +10,12 @@
 #include "gui/clsColorCurveCanvas.h"
 #include "gui/clsColorCurveTemplate.h"
 #include "gui/clsSettingsPage.h"
+#include "gui/clsSpacing.h"
 #include "render/clsColorCurveCtrl.h"
 #include "render/clsColorCurveEdit.h"
 
 namespace {
 
-constexpr int kGap = 6;
 /// The part of the values that the narrower range leaves out at each end.
 constexpr double kTail = 0.01;
 
@@ -35,14 +35,14 @@ ColorCurveGUI_cls::ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl,
 
     auto* left = new wxBoxSizer(wxVERTICAL);
     left->Add(mScalingPage, wxSizerFlags().Expand());
-    left->Add(templates, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    left->Add(templates, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
     auto* below = new wxBoxSizer(wxHORIZONTAL);
     below->Add(left, wxSizerFlags(1).Expand());
     below->Add(mKeyPage, wxSizerFlags(1).Expand());
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(choice, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    sizer->Add(choice, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
     sizer->Add(mCanvas, wxSizerFlags(1).Expand());
-    sizer->Add(buttons, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    sizer->Add(buttons, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
     sizer->Add(below, wxSizerFlags().Expand());
     SetSizerAndFit(sizer);
     ShowLinked();
@@ -61,7 +61,7 @@ wxSizer* ColorCurveGUI_cls::MakeChoice() {
     });
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(new wxStaticText(this, wxID_ANY, _("Curve")), wxSizerFlags().CenterVertical());
-    row->Add(mChoice, wxSizerFlags().Border(wxLEFT, FromDIP(2 * kGap)));
+    row->Add(mChoice, wxSizerFlags().Border(wxLEFT, FromDIP(2 * Spacing::kRow)));
     return row;
 }
 
@@ -93,7 +93,7 @@ wxSizer* ColorCurveGUI_cls::MakeButtons() {
         button->Bind(wxEVT_BUTTON, [this, press = entry.press](wxCommandEvent&) {
             if (ColorCurve_cls* curve = mCtrl.GetLinked()) press(*curve);
         });
-        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(Spacing::kRow)));
     }
     return row;
 }

@@ -18,14 +18,14 @@
 #include "gui/clsGrammarList.h"
 #include "gui/clsPreviewGrid.h"
 #include "gui/clsSettingsPage.h"
+#include "gui/clsSpacing.h"
 #include "gui/clsWords.h"
 #include "render/clsColorCurve.h"
 
 namespace {
 
-constexpr int kGap = 8;
-constexpr int kWidth = 1080;
-constexpr int kHeight = 740;
+constexpr int kLoaderWidth = 1080;
+constexpr int kLoaderHeight = 740;
 constexpr int kSettingsWidth = 390;
 /// What window frames and panels of the desktop take of the screen.
 constexpr int kDesktop = 60;
@@ -61,22 +61,22 @@ DataLoaderGUI_cls::DataLoaderGUI_cls(wxWindow* parent, LoadDraft_cls& draft)
     auto* left = new wxBoxSizer(wxVERTICAL);
     left->Add(MakeLists(), wxSizerFlags().Expand());
     mPreview = new PreviewGrid_cls(this);
-    left->Add(mPreview, wxSizerFlags(1).Expand().Border(wxTOP, FromDIP(kGap)));
+    left->Add(mPreview, wxSizerFlags(1).Expand().Border(wxTOP, FromDIP(Spacing::kDialog)));
     mSettings = MakeSettings();
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(left, wxSizerFlags(1).Expand());
-    row->Add(mSettings, wxSizerFlags().Expand().Border(wxLEFT, FromDIP(kGap)));
+    row->Add(mSettings, wxSizerFlags().Expand().Border(wxLEFT, FromDIP(Spacing::kDialog)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    const auto border = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(kGap));
+    const auto border = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(Spacing::kDialog));
     sizer->Add(fileRows, border);
     sizer->Add(choices, border);
     sizer->Add(row, wxSizerFlags(border).Proportion(1));
-    sizer->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+    sizer->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, FromDIP(Spacing::kDialog)));
     SetSizer(sizer);
     const wxRect screen = wxDisplay(this).GetClientArea();
-    SetSize(wxSize(std::min(FromDIP(kWidth), screen.width - kDesktop),
-                   std::min(FromDIP(kHeight), screen.height - kDesktop)));
+    SetSize(wxSize(std::min(FromDIP(kLoaderWidth), screen.width - kDesktop),
+                   std::min(FromDIP(kLoaderHeight), screen.height - kDesktop)));
     SetDropTarget(new FileDrop(*this));
     Bind(wxEVT_BUTTON, &DataLoaderGUI_cls::TryToOpen, this, wxID_OK);
     ShowDraft();
@@ -91,7 +91,7 @@ wxSizer* DataLoaderGUI_cls::MakeFileRows() {
     mChoose->SetToolTip(_("Looks for the first file of the series"));
     mChoose->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ChooseFile(); });
     row->Add(mFile, wxSizerFlags(1).CenterVertical());
-    row->Add(mChoose, wxSizerFlags().Border(wxLEFT, FromDIP(kGap)));
+    row->Add(mChoose, wxSizerFlags().Border(wxLEFT, FromDIP(Spacing::kDialog)));
 
     mWords = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
     mAsSeries = new wxCheckBox(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
@@ -106,20 +106,20 @@ wxSizer* DataLoaderGUI_cls::MakeFileRows() {
     });
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(row, wxSizerFlags().Expand());
-    rows->Add(mWords, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap / 2)));
-    rows->Add(mAsSeries, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap / 2)));
+    rows->Add(mWords, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kDialog / 2)));
+    rows->Add(mAsSeries, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kDialog / 2)));
     return rows;
 }
 
 wxSizer* DataLoaderGUI_cls::MakeLayoutChoices() {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     const auto addChoice = [&](const wxString& label, const wxString& tooltip, int proportion) {
-        if (!row->IsEmpty()) row->AddSpacer(FromDIP(2 * kGap));
+        if (!row->IsEmpty()) row->AddSpacer(FromDIP(2 * Spacing::kDialog));
         row->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CenterVertical());
         auto* choice =
             new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, {}, 0, wxDefaultValidator, label);
         choice->SetToolTip(tooltip);
-        row->Add(choice, wxSizerFlags(proportion).Border(wxLEFT, FromDIP(kGap)));
+        row->Add(choice, wxSizerFlags(proportion).Border(wxLEFT, FromDIP(Spacing::kDialog)));
         return choice;
     };
     mPreset = addChoice(_("Preset"),
@@ -150,7 +150,7 @@ wxSizer* DataLoaderGUI_cls::MakeLists() {
     });
     auto* lists = new wxBoxSizer(wxHORIZONTAL);
     lists->Add(mHeader, wxSizerFlags(1).Expand());
-    lists->Add(mBody, wxSizerFlags(1).Expand().Border(wxLEFT, FromDIP(kGap)));
+    lists->Add(mBody, wxSizerFlags(1).Expand().Border(wxLEFT, FromDIP(Spacing::kDialog)));
 
     return lists;
 }

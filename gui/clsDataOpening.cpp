@@ -25,7 +25,7 @@
 namespace {
 
 /// Work that is done sooner shows no progress.
-constexpr int kPeriodMs = 5;
+constexpr int kOpeningPeriodMs = 5;
 constexpr int kQuietRounds = 60;
 constexpr int kWhole = 100;
 
@@ -95,7 +95,7 @@ bool WaitForFirstSnapshot(wxWindow* parent, PDataSeqCtrl_cls& sequences, bool ra
         sequences.PrepareIndex(0, 0.0, rates, false);
         return cancelled || sequences.IsTheIndexReady(0, 0.0, rates);
     };
-    PollUntil(isDone, kPeriodMs, [&](int round) {
+    PollUntil(isDone, kOpeningPeriodMs, [&](int round) {
         if (round < kQuietRounds) return;
         if (!dialog) dialog = ShowProgress(parent, _("Reading the first snapshot"), sequence.GetFilename(0));
         cancelled = !dialog->Update(std::clamp(GThreadReaderPercentage.load(), 0, kWhole - 1));

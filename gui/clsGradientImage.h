@@ -12,6 +12,8 @@ struct GradientImage_cls {
         Keys     ///< the curve itself, on or off
     };
 
+    static constexpr int kSquare = 6;  ///< a square of the checkerboard in windows, for FromDIP()
+
     /// `square` is the size of the checkerboard's squares, in pixels of the image like width and height.
     static wxImage Make(const ColorCurve_cls& curve, Show show, int width, int height, int square);
 };

@@ -13,10 +13,10 @@
 #include "data/clsGrammerBase.h"
 #include "data/clsLoadPreset.h"
 #include "gui/clsIcons.h"
+#include "gui/clsSpacing.h"
 
 namespace {
 
-constexpr int kGap = 4;
 constexpr int kNameWidth = 90;
 constexpr int kListHeight = 228;
 
@@ -46,7 +46,7 @@ GrammarList_cls::GrammarList_cls(wxWindow* parent, Part part,
         button->SetBitmapDisabled(Icons_cls::GetFaded(icon, *this));
         button->SetToolTip(tooltip);
         button->Bind(wxEVT_BUTTON, [action](wxCommandEvent&) { action(); });
-        buttons->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+        buttons->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(Spacing::kTight)));
         return button;
     };
     mAdd = addButton("add", "Add", _("Adds an item behind the selected one"), [this] { AskWhatToAdd(); });
@@ -57,9 +57,9 @@ GrammarList_cls::GrammarList_cls(wxWindow* parent, Part part,
                       [this] { Move(1); });
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(title, wxSizerFlags().Border(wxBOTTOM, FromDIP(kGap)));
+    sizer->Add(title, wxSizerFlags().Border(wxBOTTOM, FromDIP(Spacing::kTight)));
     sizer->Add(mList, wxSizerFlags(1).Expand());
-    sizer->Add(buttons, wxSizerFlags().Border(wxTOP, FromDIP(kGap)));
+    sizer->Add(buttons, wxSizerFlags().Border(wxTOP, FromDIP(Spacing::kTight)));
     SetSizer(sizer);
 
     mList->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { ShowButtons(); });

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kName = "information";
 const wxSize kListSize(520, 170);
-constexpr int kNameWidth = 170;
+constexpr int kInfoNameWidth = 170;
 
 }  // namespace
 
@@ -25,8 +25,8 @@ InformationGUI_cls::InformationGUI_cls(wxWindow* parent, const Information_cls& 
         column->Add(title, 0, wxLEFT | wxRIGHT | wxTOP, FromDIP(10));
         auto* list = new wxListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
                                     wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL);
-        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kNameWidth));
-        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kListSize.x - kNameWidth - 20));
+        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kInfoNameWidth));
+        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kListSize.x - kInfoNameWidth - 20));
         list->SetToolTip(heading);
         column->Add(list, 1, wxEXPAND | wxALL, FromDIP(10));
         return list;

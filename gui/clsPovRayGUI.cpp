@@ -13,14 +13,14 @@
 #include "gui/clsPovRayPages.h"
 #include "gui/clsSettingsDialog.h"
 #include "gui/clsSettingsPage.h"
+#include "gui/clsSpacing.h"
 #include "seam/clsEventSink.h"
 #include "timeline/clsTimeCtrl.h"
 
 namespace {
 
-constexpr int kGap = 6;
 /// How often renders are looked at, besides the events that they post.
-constexpr int kPeriodMs = 100;
+constexpr int kLookPeriodMs = 100;
 
 }  // namespace
 
@@ -70,7 +70,7 @@ void PovRayGUI_cls::MakeButtons() {
             new wxButton(this, wxID_ANY, name, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
         button->SetToolTip(tooltip);
         button->Bind(wxEVT_BUTTON, [this, press](wxCommandEvent&) { (this->*press)(); });
-        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(Spacing::kRow)));
         return button;
     };
     mExport = add(_("Export Frame"), _("Writes scene and options of the current frame, and renders nothing"),
@@ -83,9 +83,9 @@ void PovRayGUI_cls::MakeButtons() {
                          wxDefaultValidator, "Progress");
     mStatus = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE, "Status");
-    GetSizer()->Add(row, wxSizerFlags().Border(wxTOP, FromDIP(kGap)));
-    GetSizer()->Add(mGauge, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap)));
-    GetSizer()->Add(mStatus, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap)));
+    GetSizer()->Add(row, wxSizerFlags().Border(wxTOP, FromDIP(Spacing::kRow)));
+    GetSizer()->Add(mGauge, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kRow)));
+    GetSizer()->Add(mStatus, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kRow)));
 }
 
 void PovRayGUI_cls::ShowSettings(std::uint64_t) {
@@ -166,7 +166,7 @@ void PovRayGUI_cls::UpdateButtonLabels() {
     if (!rendering) {
         mTimer.Stop();
     } else if (!mTimer.IsRunning()) {
-        mTimer.Start(kPeriodMs);
+        mTimer.Start(kLookPeriodMs);
     }
     Layout();
 }

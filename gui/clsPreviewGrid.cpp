@@ -7,10 +7,10 @@
 #include <wx/translation.h>
 
 #include "data/clsRecordPreview.h"
+#include "gui/clsSpacing.h"
 
 namespace {
 
-constexpr int kGap = 6;
 constexpr int kColumnWidth = 60;
 constexpr int kRowLabelWidth = 36;
 
@@ -47,14 +47,14 @@ PreviewGrid_cls::PreviewGrid_cls(wxWindow* parent) : wxPanel(parent) {
     mGrid->SetTabBehaviour(wxGrid::Tab_Leave);
 
     auto* heading = new wxBoxSizer(wxHORIZONTAL);
-    heading->Add(title, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * kGap)));
+    heading->Add(title, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * Spacing::kRow)));
     heading->Add(mHeader);
     heading->AddStretchSpacer();
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(heading, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(kGap)));
+    sizer->Add(heading, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(Spacing::kRow)));
     sizer->Add(mGrid, wxSizerFlags(1).Expand());
-    sizer->Add(mSize, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap)));
-    sizer->Add(mMisfit, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kGap / 2)));
+    sizer->Add(mSize, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kRow)));
+    sizer->Add(mMisfit, wxSizerFlags().Expand().Border(wxTOP, FromDIP(Spacing::kRow / 2)));
     SetSizer(sizer);
 }
 

@@ -8,11 +8,11 @@
 #include <algorithm>
 
 #include "gui/clsSettingsView.h"
+#include "gui/clsSpacing.h"
 #include "timeline/clsUndoManager.h"
 
 namespace {
 
-constexpr int kGap = 8;
 /// What window frames and panels of the desktop take of the screen.
 constexpr int kDesktop = 80;
 
@@ -38,8 +38,8 @@ SettingsDialog_cls::SettingsDialog_cls(wxWindow& parent, const wxString& title, 
       mPage(make(this)) {
     auto* close = new wxButton(this, wxID_CLOSE);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(mPage, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kGap)));
-    sizer->Add(close, wxSizerFlags().Right().Border(wxALL, FromDIP(kGap)));
+    sizer->Add(mPage, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(Spacing::kDialog)));
+    sizer->Add(close, wxSizerFlags().Right().Border(wxALL, FromDIP(Spacing::kDialog)));
     SetEscapeId(wxID_CLOSE);
     Bind(wxEVT_CHAR_HOOK, &SettingsDialog_cls::OnKey, this);
     SetSizerAndFit(sizer);

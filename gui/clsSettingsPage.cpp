@@ -1,4 +1,5 @@
 #include "gui/clsSettingsPage.h"
+#include "gui/clsSpacing.h"
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -15,7 +16,6 @@
 
 namespace {
 
-constexpr int kGap = 6;
 constexpr int kScrollStep = 12;
 
 wxColour ToColour(const Color4& color) {
@@ -40,9 +40,9 @@ SettingsPage_cls::SettingsPage_cls(wxWindow* parent)
 
 wxFlexGridSizer& SettingsPage_cls::Grid() {
     if (!mGrid) {
-        mGrid = new wxFlexGridSizer(2, FromDIP(wxSize(kGap, kGap)));
+        mGrid = new wxFlexGridSizer(2, FromDIP(wxSize(Spacing::kRow, Spacing::kRow)));
         mGrid->AddGrowableCol(1);
-        mColumn->Add(mGrid, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+        mColumn->Add(mGrid, wxSizerFlags().Expand().Border(wxALL, FromDIP(Spacing::kRow)));
     }
     return *mGrid;
 }
@@ -57,7 +57,7 @@ void SettingsPage_cls::BeginColumn() {
 void SettingsPage_cls::BeginGroup(const wxString& heading) {
     auto* text = new wxStaticText(this, wxID_ANY, heading);
     text->SetFont(text->GetFont().Bold());
-    mColumn->Add(text, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(kGap)));
+    mColumn->Add(text, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Spacing::kRow)));
     mGrid = nullptr;
 }
 
@@ -176,8 +176,8 @@ void SettingsPage_cls::AddColor(const wxString& label, const wxString& tooltip,
 
 void SettingsPage_cls::ScrollTo(const wxWindow& control) {
     const int top = ScreenToClient(control.GetScreenPosition()).y;
-    const int below = top + control.GetSize().y + FromDIP(kGap) - GetClientSize().y;
-    const int way = top < 0 ? top - FromDIP(kGap) : std::max(below, 0);
+    const int below = top + control.GetSize().y + FromDIP(Spacing::kRow) - GetClientSize().y;
+    const int way = top < 0 ? top - FromDIP(Spacing::kRow) : std::max(below, 0);
     const int step = FromDIP(kScrollStep);
     if (way != 0)
         Scroll(wxDefaultCoord, GetViewStart().y + (way > 0 ? (way + step - 1) / step : way / step - 1));
@@ -224,7 +224,7 @@ void SettingsPage_cls::AddFile(const wxString& label, const wxString& tooltip, c
     Grid().Detach(&text);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(&text, wxSizerFlags(1).CenterVertical());
-    row->Add(button, wxSizerFlags().CenterVertical().Border(wxLEFT, FromDIP(kGap)));
+    row->Add(button, wxSizerFlags().CenterVertical().Border(wxLEFT, FromDIP(Spacing::kRow)));
     Grid().Add(row, wxSizerFlags().Expand());
 }
 
@@ -235,7 +235,7 @@ void SettingsPage_cls::AddWindow(const wxString& label, wxWindow* window) {
 
 void SettingsPage_cls::AddWide(wxWindow* window) {
     mGrid = nullptr;
-    mColumn->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+    mColumn->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(Spacing::kRow)));
 }
 
 void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Button>& buttons) {
@@ -246,7 +246,7 @@ void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Butto
                                     wxDefaultValidator, entry.label);
         button->SetToolTip(entry.tooltip);
         button->Bind(wxEVT_BUTTON, [press = entry.press](wxCommandEvent&) { press(); });
-        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+        row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(Spacing::kRow)));
     }
     Grid().Add(row, wxSizerFlags().Expand());
 }
@@ -255,7 +255,7 @@ void SettingsPage_cls::AddNote(const wxString& text) {
     mGrid = nullptr;
     auto* note = new wxStaticText(this, wxID_ANY, text);
     note->Wrap(FromDIP(360));
-    mColumn->Add(note, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    mColumn->Add(note, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
 }
 
 void SettingsPage_cls::AddRefresher(std::function<void()> refresher) {

@@ -10,7 +10,7 @@ namespace {
 constexpr size_t kMostCurves = 12;  // of a container; more could not be told apart
 constexpr double kStep = 2.0;       // pixels between two points of a curve
 constexpr double kRoom = 0.12;      // of the height, above and below
-constexpr int kGrip = 2;
+constexpr int kCurveGrip = 2;
 
 /// 1, 2 or 5 times a power of ten, at least this.
 double RoundUp(double least) {
@@ -173,7 +173,7 @@ void TimelineCurves_cls::DrawKeys(wxGraphicsContext& gc, const TimelineTheme_cls
 
 std::optional<TimelineCurves_cls::Hit> TimelineCurves_cls::FindKey(const TimelineTheme_cls& theme, int x,
                                                                    int y) const {
-    const double reach = theme.keySize + kGrip;
+    const double reach = theme.keySize + kCurveGrip;
     std::optional<Hit> nearest;
     double distance = reach;
     for (Parameters_cls* parameter : GetAnimated()) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int kGrip = 2;  // pixels beside a key that still take it
+constexpr int kLaneGrip = 2;  // pixels beside a key that still take it
 
 bool IsAnimated(const TimelineKeys_cls::Lane& lane) {
     return std::any_of(lane.begin(), lane.end(),
@@ -207,7 +207,7 @@ std::optional<double> TimelineLanes_cls::FindKey(const TimelineTheme_cls& theme,
     const TimelineTree_cls::Row* found = mModel.mTree.GetRow(row);
     if (!found) return std::nullopt;
     return TimelineKeys_cls::FindKey(mModel.mTree.GetParameters(*found), mModel.ToTime(x),
-                                     mModel.ToTimeRange(theme.keySize + kGrip));
+                                     mModel.ToTimeRange(theme.keySize + kLaneGrip));
 }
 
 void TimelineLanes_cls::SelectBox(const TimelineTheme_cls& theme, wxPoint from, wxPoint to) {

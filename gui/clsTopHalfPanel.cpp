@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "gui/clsMainGLCanvas.h"
+#include "gui/clsSpacing.h"
 #include "gui/clsViewLayout.h"
 #include "gui/clsViewPanel.h"
 #include "gui/clsViewToolbar.h"
@@ -10,11 +11,7 @@
 #include "render/clsPanelShared.h"
 #include "timeline/clsCommandSetValue.h"
 
-namespace {
-
-constexpr int kGap = 2;
-
-}  // namespace
+namespace {}  // namespace
 
 TopHalfPanel_cls::TopHalfPanel_cls(wxWindow* parent, FrameContext_cls& context, ShownInstant_cls& instant)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "views"),
@@ -51,7 +48,8 @@ void TopHalfPanel_cls::SetLayoutCommand(unsigned int layout) {
 
 void TopHalfPanel_cls::Arrange() {
     mArranged = GetLayout();
-    const std::vector<wxRect> places = ViewLayout::Places(GetLayout(), GetClientSize(), FromDIP(kGap));
+    const std::vector<wxRect> places =
+        ViewLayout::Places(GetLayout(), GetClientSize(), FromDIP(Spacing::kThin));
     for (size_t i = 0; i < mPanels.size(); ++i) {
         const bool shown = i < places.size();
         if (shown) mPanels[i]->SetSize(places[i]);

@@ -23,7 +23,7 @@ std::unique_ptr<ThreadInterpolator_cls> lastInterpolator;
 /// index.
 constexpr int kScannedParticles = 16;
 /// Particles that a worker takes at a time.
-constexpr int kBlock = 16384;
+constexpr int kRateBlock = 16384;
 
 bool IsIndexWorthwhile(const RateArrays_cls& arrays, int matched) {
     if (!arrays.mIDA || !arrays.mIDB) return false;
@@ -105,7 +105,8 @@ void ThreadInterpolator_cls::ComputeRates(const Task& task) {
     const bool sorted = task.variableNumber == DataLoader_cls::kSortByID;
     const auto index = searched ? MakeIndex(arrays, matched) : nullptr;
 
-    WorkShares_cls shares(matched, GetWorkerNumber(arrays.mCountA), sorted ? WorkShares_cls::kWhole : kBlock);
+    WorkShares_cls shares(matched, GetWorkerNumber(arrays.mCountA),
+                          sorted ? WorkShares_cls::kWhole : kRateBlock);
     std::vector<std::unique_ptr<ThreadInterpolatorBlock_cls>> workers;
     for (int w = 0; w < shares.GetWorkers(); ++w) {
         workers.push_back(std::make_unique<ThreadInterpolatorBlock_cls>());

@@ -8,7 +8,7 @@
 namespace {
 
 /// Particles that a worker takes at a time: their arrays stay in the processor's cache.
-constexpr int kBlock = 4096;
+constexpr int kEvaluationBlock = 4096;
 constexpr int kPollMilliseconds = 3;
 
 }  // namespace
@@ -30,7 +30,7 @@ int ThreadSnapInterpolate_cls::GetWorkerNumber(int count) {
 }
 
 void ThreadSnapInterpolate_cls::RunAll(int count, const Work& work) {
-    WorkShares_cls shares(count, GetWorkerNumber(count), kBlock);
+    WorkShares_cls shares(count, GetWorkerNumber(count), kEvaluationBlock);
     std::deque<ThreadSnapInterpolate_cls> workers;
     for (int w = 0; w + 1 < shares.GetWorkers(); ++w) {
         workers.emplace_back(work, shares, w);

@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int kPeriodMs = 2;
+constexpr int kEncoderPeriodMs = 2;
 /// Like the pace of playback, and a rate that every player knows.
 constexpr const char* kFramesASecond = "30";
 
@@ -98,7 +98,7 @@ Movie_cls::~Movie_cls() {
 
 bool Movie_cls::WaitForFrame() {
     if (!mFrame) return !mBroken;
-    PollUntil(mFrame->GetFinished(), kPeriodMs);
+    PollUntil(mFrame->GetFinished(), kEncoderPeriodMs);
     mFrame->Join();
     mBroken = mBroken || mFrame->IsFailed();
     mFrame.reset();

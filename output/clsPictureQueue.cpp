@@ -7,7 +7,7 @@
 #include "seam/clsUserMessage.h"
 
 namespace {
-constexpr int kPeriodMs = 2;
+constexpr int kQueuePeriodMs = 2;
 }
 
 PictureQueue_cls::PictureQueue_cls(int threads, Report report)
@@ -28,7 +28,7 @@ void PictureQueue_cls::Collect(bool all) {
 void PictureQueue_cls::ReportOldest() {
     const auto oldest = std::move(mRunning.front());
     mRunning.pop_front();
-    PollUntil(oldest->GetFinished(), kPeriodMs);
+    PollUntil(oldest->GetFinished(), kQueuePeriodMs);
     oldest->Join();
     mReport(oldest->GetPath(), oldest->GetError());
 }

@@ -11,7 +11,7 @@ namespace {
 constexpr size_t kMaxSamples = 200000;
 /// The share of particles that must lie inside.
 constexpr double kInside = 0.995;
-constexpr double kMargin = 1.05;
+constexpr double kFitMargin = 1.05;
 
 }  // namespace
 
@@ -57,6 +57,6 @@ PositionAndDirection_cls FitCamera(const DataBounds_cls& bounds, double angle) {
     PositionAndDirection_cls camera;
     camera.mAnchor = bounds.mCentre;
     camera.mPosition = bounds.mCentre;
-    camera.mPosition[2] += kMargin * bounds.mRadius / std::sin(angle * std::numbers::pi / 360.0);
+    camera.mPosition[2] += kFitMargin * bounds.mRadius / std::sin(angle * std::numbers::pi / 360.0);
     return camera;
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr const char* kMarker = "---CameraPath";
+constexpr const char* kCameraMarker = "---CameraPath";
 constexpr double kDefaultAngle = 35.0;
 
 std::unique_ptr<ParamGroup_cls> MakeGroup(const wxString& what, const std::vector<wxString>& components,
@@ -78,9 +78,9 @@ double CameraPath_cls::GetAngle(double t) const {
 }
 
 wxString CameraPath_cls::Serialize() const {
-    wxString text = wxString(kMarker) + "\n";
+    wxString text = wxString(kCameraMarker) + "\n";
     for (const auto& group : mGroups) text += group->Serialize();
-    return text + kMarker + "\n";
+    return text + kCameraMarker + "\n";
 }
 
 bool CameraPath_cls::ReadGroup(LineStream_cls& stream, const wxString& line) {
@@ -89,9 +89,9 @@ bool CameraPath_cls::ReadGroup(LineStream_cls& stream, const wxString& line) {
 }
 
 bool CameraPath_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
-    if (line != kMarker) return ReadGroup(stream, line);
+    if (line != kCameraMarker) return ReadGroup(stream, line);
     wxString next;
-    while (stream.ReadLine(next) && next != kMarker) {
+    while (stream.ReadLine(next) && next != kCameraMarker) {
         if (ReadGroup(stream, next)) continue;
         stream.PutBack();  // the closing marker is missing
         break;

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr const char* kMarker = "---LightSRC ";
+constexpr const char* kLightMarker = "---LightSRC ";
 constexpr const char* kEndMarker = "---AllLightSourceEnd";
 
 }  // namespace
@@ -33,7 +33,7 @@ void LightSRCCtrl_cls::UpdateShownTracks() {
 wxString LightSRCCtrl_cls::Serialize() const {
     wxString text;
     for (int i = 0; i < kLights; ++i) {
-        text += kMarker + wxString::Format("%d\n", i) + GetLight(i).Serialize();
+        text += kLightMarker + wxString::Format("%d\n", i) + GetLight(i).Serialize();
     }
     return text + kEndMarker + "\n";
 }
@@ -46,10 +46,10 @@ bool LightSRCCtrl_cls::ReadPart(LineStream_cls& stream, const wxString& line) {
 bool LightSRCCtrl_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
     if (line == kEndMarker) return true;
     // Keys and groups bear their light's number, so the one in the marker is for the reader's eye only.
-    if (!line.StartsWith(kMarker)) return ReadPart(stream, line);
+    if (!line.StartsWith(kLightMarker)) return ReadPart(stream, line);
     wxString next;
     while (stream.ReadLine(next) && next != kEndMarker) {
-        if (next.StartsWith(kMarker) || ReadPart(stream, next)) continue;
+        if (next.StartsWith(kLightMarker) || ReadPart(stream, next)) continue;
         stream.PutBack();  // the end marker is missing
         break;
     }

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kPeriodMs = 5;
+constexpr int kCommandPeriodMs = 5;
 /// A command that is asked to end gets so long before it is forced to.
 constexpr int kGraceMs = 2000;
 
@@ -123,7 +123,7 @@ int ShellCommand_cls::Await(int process) const {
             }
             return waitpid(process, &status, WNOHANG) != 0;
         },
-        kPeriodMs);
+        kCommandPeriodMs);
     // What the shell left in the background ends with it.
     if (askedAt >= 0) kill(-process, SIGKILL);
     return status;

@@ -3,7 +3,6 @@
 
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <tuple>
 
 #include "render/clsOpenGL.h"
@@ -14,12 +13,12 @@
 #include "support/DrawStage.h"
 #include "support/FakeClock.h"
 #include "support/RecordingMessage.h"
+#include "support/SpecialNumbers.h"
 #include "support/TempFolder.h"
 
 namespace {
 
 using Picture = std::vector<uint8_t>;
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 /// Draws particle after particle by the fixed function, each with calls of its own, in the draw order.
 class PlainDrawing {
@@ -288,7 +287,7 @@ TEST(DrawBoundsGLTest, ParticlesWithoutPlaceOrSizeAreLeftOut) {
             stage.AddCloud(20, 0.2F);
             const Picture sound = stage.Draw();
             stage.Add(NAN, 0, 0, 0.3F, 0, 0);
-            stage.Add(0, kInfinity, 0, 0.3F, 0, 1);
+            stage.Add(0, kInfinity<float>, 0, 0.3F, 0, 1);
             stage.Add(0, 0, -3e38F, 0.3F, 0, 1);
             if (std::string(type) != "DrawType=0") {
                 for (const float radius : {0.0F, -1.0F, static_cast<float>(NAN)})

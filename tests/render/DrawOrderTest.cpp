@@ -5,18 +5,15 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <random>
 #include <tuple>
 #include <vector>
 
 #include "data/clsPreference.h"
 #include "render/clsDrawOption.h"
+#include "support/SpecialNumbers.h"
 
 namespace {
-
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 using Entries = std::vector<ArrayAndIndex_cls>;
 
@@ -80,9 +77,10 @@ TEST_F(ZSortTest, PreciseIsTheSortedOrderWithTiesByQuarters) {
         {"all equal", [](size_t) { return 7.0F; }},
         {"descending", [](size_t i) { return -static_cast<float>(i); }},
         {"any magnitude", [&](size_t) { return std::exp(80.0F * std::sin(normal(mRandom))); }},
-        {"infinities", [](size_t i) { return i % 5 == 0   ? kInfinity
-                                             : i % 7 == 0 ? -kInfinity
-                                                          : 1.0F; }},
+        {"infinities",
+         [](size_t i) { return i % 5 == 0   ? kInfinity<float>
+                               : i % 7 == 0 ? -kInfinity<float>
+                                            : 1.0F; }},
     };
     for (const auto& c : cases) {
         for (const size_t count : {0U, 1U, 2U, 3U, 5U, 100001U}) {
@@ -135,7 +133,7 @@ TEST_F(ZSortTest, KeysThatAreNoNumbersLoseNothing) {
     for (const unsigned int type : {0U, 2U, 77U}) {
         mPreference.mSortType.mValue = type;
         const Entries entries = Make(150000, [&](size_t i) {
-            return i % 3 == 0 ? std::copysign(kNaN, i % 2 == 0 ? 1.0F : -1.0F)
+            return i % 3 == 0 ? std::copysign(kNaN<float>, i % 2 == 0 ? 1.0F : -1.0F)
                               : static_cast<float>(mRandom() % 100);
         });
         const Entries sorted = SortParallel(entries);

@@ -5,16 +5,13 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <random>
 #include <vector>
 
 #include "render/clsShadowSettings.h"
+#include "support/SpecialNumbers.h"
 
 namespace {
-
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 
 using Light = ShadowVolume_cls::Light;
 using Masks = std::vector<int>;
@@ -99,7 +96,7 @@ TEST_F(ShadowVolumeTest, WhatStandsBehindASphereIsShadowed) {
         {"the cone widens", {{0, 0, 0, 1}, {1.4F, 0, -5, 0}, {1.6F, 0, -5, 0}}, lamp, 1000, {0, 1, 0}},
         {"the length", {{0, 0, 0, 1}, {0, 0, -4, 0}, {0, 0, -6, 0}}, above, 5, {0, 1, 0}},
         {"no length", {{0, 0, 0, 1}, {0, 0, -4, 0}}, above, 0, {0, 0}},
-        {"infinite length", {{0, 0, 0, 1}, {0, 0, -4, 0}}, above, kInfinity, {0, 1}},
+        {"infinite length", {{0, 0, 0, 1}, {0, 0, -4, 0}}, above, kInfinity<float>, {0, 1}},
         {"side by side, and one place twice",
          {{0, 0, 0, 3}, {1, 0, 0, 3}, {1, 0, 0, 3}},
          above,
@@ -108,14 +105,14 @@ TEST_F(ShadowVolumeTest, WhatStandsBehindASphereIsShadowed) {
         {"the lamp inside", {{0, 0, 9, 2}, {0, 0, 0, 1}, {0, 0, 10, 1}}, lamp, 1000, {0, 0, 0}},
         {"no direction", {{0, 0, 0, 1}, {0, 0, -4, 0}}, {0, 0, 0, 0}, 1000, {0, 0}},
         {"no numbers",
-         {{kNaN, 0, 0, 1}, {0, 0, 1, kNaN}, {0, 0, -4, -1}, {0, 0, 1, kInfinity}},
+         {{kNaN<float>, 0, 0, 1}, {0, 0, 1, kNaN<float>}, {0, 0, -4, -1}, {0, 0, 1, kInfinity<float>}},
          above,
          9,
          {0, 0, 0, 0}},
         {"huge and tiny",
          {{0, 0, 1e30F, 1e30F}, {1e25F, 3, 0, 1e-30F}, {2, 0, -4, 1e-40F}},
          above,
-         kInfinity,
+         kInfinity<float>,
          {0, 1, 1}},
     };
     for (const auto& c : cases) {
@@ -173,7 +170,7 @@ TEST_F(ShadowVolumeTest, CrowdsInOnePlaceEndSoon) {
 
 TEST_F(ShadowVolumeTest, Darkness) {
     for (const auto& [darkness, left] :
-         {std::pair(1.0F, 0.0F), {0.25F, 0.75F}, {7.0F, 0.0F}, {-1.0F, 1.0F}, {kNaN, 1.0F}}) {
+         {std::pair(1.0F, 0.0F), {0.25F, 0.75F}, {7.0F, 0.0F}, {-1.0F, 1.0F}, {kNaN<float>, 1.0F}}) {
         mSettings.mDarkness.mValue = darkness;
         EXPECT_EQ(mShadows.GetLightInShadow(), left);
     }

@@ -9,14 +9,14 @@ namespace {
 
 constexpr int kL = std::numeric_limits<int>::max();
 
-struct Case {
+struct StepCase {
     const char* what;
     std::vector<int> rules;    ///< last frame, anim step, sub-steps, repeat, work area
     std::vector<int> numbers;  ///< arguments, then what is expected
 };
 
 /// Calls check(stepper, numbers) for every case.
-void ForEach(const std::vector<Case>& cases,
+void ForEach(const std::vector<StepCase>& cases,
              void (*check)(const FrameStepper_cls& stepper, const std::vector<int>& n)) {
     for (const auto& [what, r, numbers] : cases) {
         SCOPED_TRACE(what);
@@ -25,7 +25,7 @@ void ForEach(const std::vector<Case>& cases,
 }
 
 TEST(FrameStepperTest, RoundsToMultiplesInsideTheScene) {
-    const std::vector<Case> cases = {
+    const std::vector<StepCase> cases = {
         {"up", {100, 5, 1, 0, 0, 0}, {8, 10}},
         {"into the scene", {100, 5, 1, 0, 0, 0}, {103, 100}},
         {"below 0", {100, 1, 1, 0, 0, 0}, {-9, 0}},
@@ -39,7 +39,7 @@ TEST(FrameStepperTest, RoundsToMultiplesInsideTheScene) {
 
 TEST(FrameStepperTest, NextFrame) {
     // Frame, direction, clamp, wrap; the frame.
-    const std::vector<Case> cases = {
+    const std::vector<StepCase> cases = {
         {"forward", {100, 1, 1, 0, 0, 100}, {10, 1, 0, 0, 11}},
         {"truncated to a multiple", {100, 5, 1, 0, 0, 100}, {7, 1, 0, 0, 10}},
         {"past the end", {100, 1, 1, 0, 0, 100}, {100, 1, 1, 1, 100}},
@@ -63,7 +63,7 @@ TEST(FrameStepperTest, NextFrame) {
 
 TEST(FrameStepperTest, NextSubStep) {
     // Frame, wanted sub-step, direction; the frame and sub-step.
-    const std::vector<Case> cases = {
+    const std::vector<StepCase> cases = {
         {"within the frame", {100, 1, 4, 0, 0, 100}, {10, 2, 1, 10, 2}},
         {"back to the frame before", {100, 1, 4, 0, 0, 100}, {10, -1, -1, 9, 3}},
         {"the first frame plays its sub-steps", {100, 1, 4, 0, 0, 100}, {0, 1, 1, 0, 1}},

@@ -1,19 +1,16 @@
+#include "support/SpecialNumbers.h"
 #include "timeline/clsKeyCurve.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <random>
 #include <vector>
 
 #include "support/Keys.h"
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 double Random(std::mt19937& random, double low, double high) {
     return std::uniform_real_distribution<double>(low, high)(random);
@@ -46,7 +43,7 @@ TEST(KeyCurveTest, EvaluatesEachKindOfSegment) {
         {"hermite, both tangents", {Key(0, 0, K::kHermite, 4), Key(2, 0, 0, -4)}, 0, 1, 0, 2},
         {"semi-automatic takes the factor", {Key(0, 0, 2, 8, 0.5), Key(2, 0, 2, -8, 0.5)}, 0, 1, 0, 2},
         {"automatic ignores it", {Key(0, 0, 1, 4, 9), Key(2, 0, 1, -4, 9)}, 0, 1, 0, 2},
-        {"time that is none", ramp, 0, kNaN, 1, 10},
+        {"time that is none", ramp, 0, kNaN<double>, 1, 10},
         {"keys at one time", {Key(0, 0), Key(5, 5), Key(5, 20), Key(10, 30)}, 0, 5, 0, 20},
     };
     for (const Case& c : cases)
@@ -76,17 +73,14 @@ TEST(KeyCurveTest, TheSearchFindsWhatAScanFinds) {
         std::sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) { return b > a; });
 
         for (int probe = 0; probe < 60; ++probe) {
-            const double resolutions[] = {0.0,  0.01,      0.125,      3.0,   -0.25,
-                                          kNaN, kInfinity, -kInfinity, 1e-18, 1e300};
+            const double resolutions[] = {
+                0.0,   0.01, 0.125, 3.0, -0.25, kNaN<double>, kInfinity<double>, -kInfinity<double>,
+                1e-18, 1e300};
             const double resolution = resolutions[random() % 10];
             const double at = keys[random() % keys.size()].mTime;
-            const double times[] = {Random(random, -0.5, 1.5),
-                                    at,
-                                    at - 0.5 * resolution,
-                                    std::nextafter(at, -1e9),
-                                    kNaN,
-                                    kInfinity,
-                                    -kInfinity};
+            const double times[] = {Random(random, -0.5, 1.5), at,           at - 0.5 * resolution,
+                                    std::nextafter(at, -1e9),  kNaN<double>, kInfinity<double>,
+                                    -kInfinity<double>};
             const double t = times[random() % 7];
             ASSERT_EQ(KeyCurve_cls(keys, 0).FindSegment(t, resolution), ScanForSegment(keys, t, resolution))
                 << "round " << round << ", t = " << t << ", resolution = " << resolution;

@@ -1,3 +1,4 @@
+#include "support/SpecialNumbers.h"
 #include "timeline/clsParameters.h"
 
 #include <gtest/gtest.h>
@@ -14,8 +15,6 @@
 namespace {
 
 using K = KeyFrame_cls;
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kHuge = std::numeric_limits<double>::max();
 
 std::vector<double> Times(const Parameters_cls& parameter) {
@@ -85,7 +84,7 @@ TEST(ParametersTest, WhatIsNotFiniteOrNotThereChangesNothing) {
     Parameters_cls parameter;
     parameter.SetState({{Key(0, 1), Key(1, 2, 3, 4)}, true, 0});
     const std::vector<K> before = parameter.GetKeys();
-    for (const double bad : {kNaN, kInfinity, -kInfinity}) {
+    for (const double bad : {kNaN<double>, kInfinity<double>, -kInfinity<double>}) {
         for (const int index :
              {parameter.SetKey(bad, 0, 1), parameter.SetKey(0, 0, bad), parameter.AddKey(Key(0, 0, 0, bad)),
               parameter.MoveKey(0, bad), parameter.InsertKey(bad)})

@@ -1,3 +1,4 @@
+#include "support/SpecialNumbers.h"
 #include "timeline/clsTimeCtrl.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +13,6 @@
 namespace {
 
 constexpr int kLargest = std::numeric_limits<int>::max();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 class TimeCtrlTest : public ::testing::Test {
   protected:
@@ -58,7 +58,7 @@ TEST_F(TimeCtrlTest, FramesMapToNormalisedTimeAndBack) {
             EXPECT_EQ(mTime.GetIndexFromDouble(mTime.GetDoubleIndex(frame, 0)), frame) << maxFrame;
         }
     }
-    for (const double odd : {1e300, -1e300, kNaN})
+    for (const double odd : {1e300, -1e300, kNaN<double>})
         EXPECT_LE(std::abs(mTime.GetIndexFromDouble(odd)), kLargest);
 }
 
