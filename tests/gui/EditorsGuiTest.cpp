@@ -175,7 +175,12 @@ TEST(EditorsGuiTest, ATemplateChangesThePictureAndUndoRestoresIt) {
     });
     ASSERT_TRUE(desk.OpenCurve());
     const wxRect view = desk.GetView();
-    OnGui([&] { desk.FindDialog("Color Curve Editor")->Move(view.GetRight() + 10, view.y); });
+    // Beside the view, whatever the window manager thinks of it at first.
+    ASSERT_TRUE(WaitFor([&] {
+        wxDialog* dialog = desk.FindDialog("Color Curve Editor");
+        dialog->Move(view.GetRight() + 10, view.y);
+        return dialog->GetScreenPosition().x > view.GetRight();
+    }));
     // The settings above were made behind the program's back: this change shows them.
     desk.Click("Data range");
     ASSERT_TRUE(WaitFor([] { return GCUndoList.GetUndoName() == "Min/Max"; }));
