@@ -8,7 +8,7 @@
 #include <random>
 
 #include "pov/clsPovParticles.h"
-#include "pov/clsPovText.h"
+#include "pov/clsPovSceneFile.h"
 #include "render/clsDrawOption.h"
 #include "scene/clsScenePass.h"
 #include "support/Beside.h"
@@ -68,13 +68,11 @@ void WritesLikeAPlainFile(benchmark::State& state, unsigned int drawType, bool b
     const fs::path folder = fs::temp_directory_path();
     const std::string name = (folder / "varnholt-bench.pov").string();
     const auto ours = [&] {
-        PovParticles_cls particles(snap, attributes, option, false);
-        particles.Gather(camera, space, {});
-        OutputFile_cls file(wxString::FromUTF8(name));
-        PovText_cls text(file);
-        particles.Write(text, {}, [](int) { return PovParticles_cls::Sprite{"a.png"}; }, {});
-        text.Flush();
-        file.Commit(OutputFile_cls::Sync::No);
+        PovSceneFile_cls::Content content;
+        content.cloud = PovParticles_cls(snap, attributes, option, false).Gather(camera, space);
+        PovSceneFile_cls file(wxString::FromUTF8(name), std::move(content));
+        while (file.Step()) {
+        }
     };
     ours();
     std::ifstream stream(name, std::ios::binary);

@@ -155,6 +155,10 @@ void Main_cls::CleanUpMemory(int currentSnapshot) {
 }
 
 const SnapData_cls* Main_cls::PrepareState(double position) {
+    return PrepareState(position, mState);
+}
+
+const SnapData_cls* Main_cls::PrepareState(double position, DisplayedState_cls& into) {
     PDataSequence_cls& sequence = mSeqCtrl.GetActive();
     if (sequence.GetSeqLength() == 0) return nullptr;
     StopIfLoading();
@@ -170,7 +174,7 @@ const SnapData_cls* Main_cls::PrepareState(double position) {
     const double tau = sequence.GetDT(index, fraction);
     DrawAttributes_cls attributes{};
     for (size_t i = 0; i < attributes.size(); ++i) attributes[i] = sequence.GetAttributes()[i].get();
-    return &mState.Get(snap.GetBlock(), attributes, tau, mDrawOption.GetStep());
+    return &into.Get(snap.GetBlock(), attributes, tau, mDrawOption.GetStep());
 }
 
 ScenePass_cls::Links Main_cls::GetSceneLinks() {

@@ -64,6 +64,8 @@ class Main_cls {
     /// The particles of an instant, ready to be drawn; null where there are none. Waits for reading and
     /// rates. Stays valid until the next instant is asked for or data change.
     const SnapData_cls* PrepareState(double position);
+    /// The same beside those on display; the state must not outlive the data.
+    const SnapData_cls* PrepareState(double position, DisplayedState_cls& into);
 
     /// A parameter anywhere in the groups, by its identifier.
     Parameters_cls* GetPCParamFromID(const wxString& identifier);

@@ -3,10 +3,13 @@
 #include "core/clsMain.h"
 #include "pov/clsPovScene.h"
 
+PovExport_cls::PovExport_cls(Main_cls& main)
+    : PovExport_cls(main, [this](double position) { return mMain.PrepareState(position, mOwnState); }) {}
+
 PovExport_cls::PovExport_cls(Main_cls& main, StateSource source) : mMain(main), mSource(std::move(source)) {
     mMain.GetPovRayCtrl().SetSceneWriter(
-        [this](int frame, const wxString& name, bool first, const PovRayCtrl_cls::Progress& progress) {
-            return WriteScene(frame, name, first, progress);
+        [this](int frame, const wxString& name, bool first, wxString* error) {
+            return BeginScene(frame, name, first, error);
         });
 }
 
@@ -23,8 +26,8 @@ void PovExport_cls::PlaceCamera() {
     if (const SnapData_cls* state = mSource(0.0)) mFitted = FitPanel(*state, panel);
 }
 
-wxString PovExport_cls::WriteScene(int frame, const wxString& name, bool first,
-                                   const PovRayCtrl_cls::Progress& progress) {
+std::unique_ptr<PovSceneFile_cls> PovExport_cls::BeginScene(int frame, const wxString& name, bool first,
+                                                            wxString* error) {
     if (first) PlaceCamera();
     const TimeCtrl_cls& timeline = mMain.GetTimeCtrl();
     const double time = timeline.GetDoubleIndex(frame, 0);
@@ -36,6 +39,8 @@ wxString PovExport_cls::WriteScene(int frame, const wxString& name, bool first,
                              .mState = mSource(timeline.GetRemappedIndexDouble(frame, 0)),
                              .mWidth = size.x,
                              .mHeight = size.y};
-    return PovScene_cls({mMain.GetSceneLinks(), mMain.GetPovRayCtrl(), mMain.GetCameraPath()})
-        .Write(view, frame, name, first, progress);
+    auto scene = PovScene_cls({mMain.GetSceneLinks(), mMain.GetPovRayCtrl(), mMain.GetCameraPath()})
+                     .Begin(view, frame, name, first, error);
+    mOwnState.Release();
+    return scene;
 }

@@ -107,7 +107,11 @@ int PovJob_cls::ChooseRenderers() {
 PovJob_cls::Result PovJob_cls::Render() {
     PovRayCtrl_cls& control = mMain.GetPovRayCtrl();
     control.StartRenderPovAnim(mFrames, ChooseRenderers());
-    PollUntil([&] { return Interrupt_cls::IsRaised() || !control.ProcessRenderPovAnim(); }, kRenderPeriodMs);
+    const auto isOver = [&control] {
+        while (control.IsBusy() && !Interrupt_cls::IsRaised()) control.ProcessRenderPovAnim();
+        return Interrupt_cls::IsRaised() || !control.ProcessRenderPovAnim();
+    };
+    PollUntil(isOver, kRenderPeriodMs);
     if (Interrupt_cls::IsRaised()) {
         control.AbortRenderPovAnim();
         return Result::Interrupted;

@@ -7,10 +7,7 @@
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
-    : mLine(line),
-      mMain(programFolder),
-      mPovExport(mMain, [this](double position) { return mMain.PrepareState(position); }),
-      mContext(MakeContext()) {}
+    : mLine(line), mMain(programFolder), mPovExport(mMain), mContext(MakeContext()) {}
 
 WindowSession_cls::~WindowSession_cls() {
     // The toolkit owns its windows; one that is still open ends before the core that it shows.

@@ -1,6 +1,7 @@
 #include "gui/clsPovRayGUI.h"
 
 #include <wx/button.h>
+#include <wx/event.h>
 #include <wx/gauge.h>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
@@ -13,6 +14,7 @@
 #include "gui/clsPovRayPages.h"
 #include "gui/clsSettingsDialog.h"
 #include "gui/clsSettingsPage.h"
+#include "gui/clsShownInstant.h"
 #include "gui/clsSpacing.h"
 #include "seam/clsEventSink.h"
 #include "timeline/clsTimeCtrl.h"
@@ -21,15 +23,18 @@ namespace {
 
 /// How often renders are looked at, besides the events that they post.
 constexpr int kLookPeriodMs = 100;
+/// What the writing of a frame counts in its progress.
+constexpr double kWritingShare = 0.5;
 
 }  // namespace
 
 PovRayGUI_cls::PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const TimeCtrl_cls& timeline,
-                             std::function<bool()> hasLight)
+                             std::function<bool()> hasLight, std::function<bool()> mayPrepare)
     : wxPanel(parent),
       mControl(control),
       mTimeline(timeline),
       mHasLight(std::move(hasLight)),
+      mMayPrepare(std::move(mayPrepare)),
       mFrame(wxGetTopLevelParent(parent->GetParent())),
       mTimer(this) {
     auto* book = new wxNotebook(this, wxID_ANY);
@@ -46,11 +51,12 @@ PovRayGUI_cls::PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const Ti
     MakeButtons();
 
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Proceed(); });
+    Bind(wxEVT_IDLE, &PovRayGUI_cls::OnIdle, this);
     mFrame->Bind(wxEVT_MENU, &PovRayGUI_cls::OnReturned, this, EventSink_cls::kRendererReturned);
     mControl.SetObserver([this](const PovRenderPool_cls::Outcome& outcome) { OnOutcome(outcome); });
     mControl.SetProgress([this](double share) {
-        mGauge->SetValue(
-            static_cast<int>(1000.0 * (mControl.GetDone() + share) / std::max(mControl.GetTotal(), 1)));
+        ShowProgress(kWritingShare * share,
+                     wxString::Format(_("writing %d %%"), static_cast<int>(100.0 * share)));
         return true;
     });
     UpdateButtonLabels();
@@ -93,6 +99,7 @@ void PovRayGUI_cls::ShowSettings(std::uint64_t) {
 }
 
 void PovRayGUI_cls::Say(const wxString& text) {
+    if (mStatus->GetLabel() == text) return;
     mStatus->SetLabel(text);
     mStatus->SetToolTip(text);
 }
@@ -102,33 +109,23 @@ bool PovRayGUI_cls::MayStart() {
     const wxString obstacle = mControl.FindObstacle();
     Say(obstacle);
     mGauge->SetValue(0);
+    mLast.clear();
     mFailed = 0;
     return obstacle.empty();
 }
 
 void PovRayGUI_cls::ExportFrame() {
-    if (!MayStart()) return;
-    const int frame = mTimeline.GetFrame();
-    const wxString error = mControl.Export(frame, PovRayCtrl_cls::Series::Snap);
-    Say(error.empty() ? mControl.GetFileStr(frame, PovRayCtrl_cls::Series::Snap) + ".pov" : error);
+    if (MayStart()) mControl.StartPovSnap(mTimeline.GetFrame(), false);
 }
 
 void PovRayGUI_cls::RenderFrame() {
-    if (!MayStart()) return;
-    const int frame = mTimeline.GetFrame();
-    const wxString error = mControl.Export(frame, PovRayCtrl_cls::Series::Snap);
-    if (error.empty()) {
-        mControl.RenderByPovSnap(frame);
-    } else {
-        Say(error);
-    }
+    if (MayStart()) mControl.StartPovSnap(mTimeline.GetFrame(), true);
 }
 
 void PovRayGUI_cls::RenderAnimation() {
     if (mControl.IsRendering()) return Abort();
     if (!MayStart()) return;
     mControl.StartRenderPovAnim(mControl.GetRender().GetFrames(mTimeline.GetSettings()));
-    Proceed();
 }
 
 void PovRayGUI_cls::Abort() {
@@ -139,10 +136,20 @@ void PovRayGUI_cls::Abort() {
 }
 
 void PovRayGUI_cls::Proceed() {
-    // A message box of the frame that is written lets the timer through.
-    if (std::exchange(mProceeding, true)) return;
-    mControl.ProcessRenderPovAnim();
+    // A message box or a wait of the frame that is begun lets the timer through; and while others wait for
+    // data, no frame can be begun.
+    if (mProceeding || !mMayPrepare()) return;
+    mProceeding = true;
+    const bool rendering = mControl.ProcessRenderPovAnim();
+    if (rendering && !mControl.IsBusy()) ShowProgress(kWritingShare, _("rendering"));
     mProceeding = false;
+}
+
+void PovRayGUI_cls::OnIdle(wxIdleEvent& event) {
+    event.Skip();
+    if (mProceeding || !mControl.IsBusy() || !mMayPrepare()) return;
+    Proceed();
+    event.RequestMore();
 }
 
 void PovRayGUI_cls::OnReturned(wxCommandEvent& event) {
@@ -153,9 +160,16 @@ void PovRayGUI_cls::OnReturned(wxCommandEvent& event) {
 void PovRayGUI_cls::OnOutcome(const PovRenderPool_cls::Outcome& outcome) {
     if (outcome.frame < 0) return UpdateButtonLabels();
     if (!outcome.error.empty()) ++mFailed;
-    mGauge->SetValue(1000 * mControl.GetDone() / mControl.GetTotal());
-    const wxString place = wxString::Format("%d / %d  ", mControl.GetDone(), mControl.GetTotal());
-    Say(place + (outcome.error.empty() ? outcome.picture : outcome.error));
+    mLast = outcome.error.empty() ? outcome.picture : outcome.error;
+    ShowProgress(0.0);
+}
+
+void PovRayGUI_cls::ShowProgress(double share, const wxString& work) {
+    const int total = std::max(mControl.GetTotal(), 1);
+    mGauge->SetValue(static_cast<int>(1000.0 * (mControl.GetDone() + share) / total));
+    wxString text = wxString::Format("%d / %d", mControl.GetDone(), total);
+    if (!work.empty()) text += ", " + work;
+    Say(mLast.empty() ? text : text + "  " + mLast);
 }
 
 void PovRayGUI_cls::UpdateButtonLabels() {
@@ -174,6 +188,7 @@ void PovRayGUI_cls::UpdateButtonLabels() {
 void OpenPovRay(wxWindow* parent, FrameContext_cls& context) {
     SettingsDialog_cls::Open(*parent, PovRayGUI_cls::kTitle, [&context](wxWindow* window) {
         return new PovRayGUI_cls(window, context.povRayCtrl, context.timeCtrl,
-                                 context.isPovrayCondistionSatisfiled);
+                                 context.isPovrayCondistionSatisfiled,
+                                 [&context] { return ShownInstant_cls::MayPrepare(context); });
     });
 }

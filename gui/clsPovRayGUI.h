@@ -24,9 +24,9 @@ class PovRayGUI_cls : public wxPanel, public SettingsView_cls {
   public:
     static constexpr const char* kTitle = "POV-Ray";
 
-    /// `hasLight` asks the user where no light shines.
+    /// `hasLight` asks the user where no light shines; `mayPrepare` is false while others wait for data.
     PovRayGUI_cls(wxWindow* parent, PovRayCtrl_cls& control, const TimeCtrl_cls& timeline,
-                  std::function<bool()> hasLight);
+                  std::function<bool()> hasLight, std::function<bool()> mayPrepare);
     ~PovRayGUI_cls() override;
 
     void ShowSettings(std::uint64_t updateBits) override;
@@ -39,14 +39,19 @@ class PovRayGUI_cls : public wxPanel, public SettingsView_cls {
     void RenderAnimation();
     void Abort();
     void Proceed();
+    /// Scenes are written in the time that the window does not need.
+    void OnIdle(wxIdleEvent& event);
     void OnReturned(wxCommandEvent& event);
     void OnOutcome(const PovRenderPool_cls::Outcome& outcome);
     void UpdateButtonLabels();
     void Say(const wxString& text);
+    /// How many frames are done, the share of the next one and what is done to it, and what came of the last.
+    void ShowProgress(double share, const wxString& work = {});
 
     PovRayCtrl_cls& mControl;
     const TimeCtrl_cls& mTimeline;
     const std::function<bool()> mHasLight;
+    const std::function<bool()> mMayPrepare;
     std::vector<SettingsPage_cls*> mPages;
     wxButton* mExport = nullptr;
     wxButton* mRenderFrame = nullptr;
@@ -55,6 +60,7 @@ class PovRayGUI_cls : public wxPanel, public SettingsView_cls {
     wxStaticText* mStatus = nullptr;
     wxWindow* mFrame;
     wxTimer mTimer;
+    wxString mLast;  ///< the last picture, or what went wrong with it
     int mFailed = 0;
     bool mProceeding = false;
 };

@@ -8,10 +8,10 @@
 #include "scene/clsViewCamera.h"
 #include "timeline/clsTimeCtrl.h"
 
-bool ShownInstant_cls::MayPrepare() const {
+bool ShownInstant_cls::MayPrepare(const FrameContext_cls& context) {
     return !GbGLLockForLoadingData.load(std::memory_order_acquire) &&
            !GbGLLockForInterplateData.load(std::memory_order_acquire) &&
-           !mContext.projectLoading.load(std::memory_order_acquire);
+           !context.projectLoading.load(std::memory_order_acquire);
 }
 
 bool ShownInstant_cls::IsReady() {

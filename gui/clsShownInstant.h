@@ -17,7 +17,8 @@ class ShownInstant_cls {
 
     /// False while data are awaited or a project is read: nothing may be prepared, panels show the picture
     /// they have.
-    bool MayPrepare() const;
+    bool MayPrepare() const { return MayPrepare(mContext); }
+    static bool MayPrepare(const FrameContext_cls& context);
     /// The data of the timeline's current instant can be shown. True without data.
     bool IsReady();
     /// The particles of the current instant, or until they are ready the last ones; null for none.

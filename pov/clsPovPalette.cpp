@@ -17,17 +17,20 @@ float Clamped(float value) {
 }  // namespace
 
 std::size_t PovPalette_cls::Hash::operator()(const Key& key) const {
-    uint64_t hash = 0;
-    for (const uint64_t word : key) hash = (hash ^ word) * 0x9e3779b97f4a7c15ULL;
+    constexpr uint64_t kMix = 0x9e3779b97f4a7c15ULL;
+    const uint64_t hash = (((key.a * kMix) ^ key.b) * kMix ^ key.c) * kMix;
     return static_cast<std::size_t>(hash ^ (hash >> 32));
 }
 
 PovPalette_cls::Key PovPalette_cls::KeyOf(const PovLook_cls& look) const {
-    const auto code = [this](float value) { return static_cast<uint64_t>(value * mColorSteps + 0.5F); };
+    // By way of 32 bits, which the processor converts at once.
+    const auto code = [this](float value) {
+        return uint64_t{static_cast<uint32_t>(value * mColorSteps + 0.5F)};
+    };
     // Faint particles lie in many layers, so it is the ratio of alphas that must be right.
     const float alphaSteps = mIsFine ? kFineAlphaSteps : kAlphaSteps;
     const float alpha = std::max(look.color[3], 1e-7F);
-    const auto alphaCode = static_cast<uint64_t>(0.5F - std::log2(alpha) * alphaSteps);
+    const auto alphaCode = uint64_t{static_cast<uint32_t>(0.5F - std::log2(alpha) * alphaSteps)};
     const auto flags = static_cast<uint64_t>(look.kind) | static_cast<uint64_t>(look.attribute) << 2U |
                        static_cast<uint64_t>(look.isAdditive ? 1 : 0) << 10U | uint64_t{1} << 11U;
     return {code(look.color[0]) << 48U | code(look.color[1]) << 32U | code(look.color[2]) << 16U | alphaCode,
@@ -43,7 +46,7 @@ uint32_t PovPalette_cls::Find(PovLook_cls look) {
     if (!mLooks.empty() && look == mLast) return mLastNumber;
     const Key key = KeyOf(look);
     Recent& recent = mRecent[Hash()(key) % mRecent.size()];
-    if (recent.key != key) {
+    if (!(recent.key == key)) {
         const auto number = static_cast<uint32_t>(mLooks.size());
         const auto [place, isNew] = mNumbers.try_emplace(key, number);
         if (isNew) mLooks.push_back(look);

@@ -38,7 +38,10 @@ class PovPalette_cls {
     const std::vector<PovLook_cls>& GetLooks() const { return mLooks; }
 
   private:
-    using Key = std::array<uint64_t, 3>;
+    struct Key {
+        uint64_t a = 0, b = 0, c = 0;
+        bool operator==(const Key&) const = default;
+    };
     struct Hash {
         std::size_t operator()(const Key& key) const;
     };

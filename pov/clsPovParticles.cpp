@@ -4,33 +4,18 @@
 #include <cmath>
 #include <numbers>
 
-#include "pov/clsPovText.h"
 #include "render/clsDrawOption.h"
 #include "render/clsGLDrawBillboard.h"
 #include "render/clsThinning.h"
-#include "seam/clsTextCoding.h"
+#include "seam/clsPieceWork.h"
 
 namespace {
 
-/// Particles between two looks at the progress.
-constexpr size_t kRound = 1 << 16;
-
-constexpr size_t kAhead = 16;
-/// Smaller radii need more digits than seven behind the point.
-constexpr float kCoarseRadius = 1e-3F;
-
-/// What adds to its background lets all but this share of it through. So small that hundreds of layers
-/// leave the background as it is, and large enough for the numbers of the renderer.
-constexpr float kClear = 1e-4F;
-
-/// Materials divide by their diffuse colour, which therefore has a little of every channel.
-constexpr float kLeastDiffuse = 1e-3F;
-
-/// Of the highlights, as the view has them: the power of the cosine.
-constexpr double kShininess = 32.0;
+/// Particles that one thread chooses in one go.
+constexpr size_t kGatherPiece = 1 << 15;
 
 /// A sphere larger than this, in scene lengths, is as good as flat.
-constexpr double kLargestRadius = 1e6;
+constexpr double kFlatRadius = 1e6;
 
 bool IsFinite(const float* position) {
     return std::isfinite(position[0]) && std::isfinite(position[1]) && std::isfinite(position[2]);
@@ -40,61 +25,21 @@ std::array<float, 3> Floats(const Vector3& v) {
     return {static_cast<float>(v[0]), static_cast<float>(v[1]), static_cast<float>(v[2])};
 }
 
-std::array<float, 3> Rgb(const std::array<float, 4>& color) {
-    return {color[0], color[1], color[2]};
-}
-
-/// A highlight as the renderer knows it: so strong, between the light's colour and the material's.
-struct Highlight_cls {
-    double strength;
-    double metallic;
-};
-
-/// The mix of white and the material's colour that is nearest to a wanted colour.
-Highlight_cls FitHighlight(const std::array<float, 3>& material, const Vector3& wanted) {
-    double m = 0.0;
-    double mm = 0.0;
-    double w = 0.0;
-    double mw = 0.0;
-    for (size_t c = 0; c < 3; ++c) {
-        const double channel = material[c];
-        m += channel;
-        mm += channel * channel;
-        w += wanted[c];
-        mw += channel * wanted[c];
-    }
-    const double spread = mm - m * m / 3.0;
-    double own = spread > 1e-9 ? (mw - m * w / 3.0) / spread : 0.0;
-    double white = (w - own * m) / 3.0;
-    if (own < 0.0) {
-        own = 0.0;
-        white = w / 3.0;
-    } else if (white < 0.0) {
-        white = 0.0;
-        own = mw / mm;
-    }
-    const double strength = own + white;
-    return {strength, strength > 0.0 ? own / strength : 0.0};
-}
-
-/// Calls the function for 0 to count - 1; false when it was cancelled. The share runs from `from` to `to`.
-template <class Function>
-bool ForEach(size_t count, double from, double to, const PovParticles_cls::Progress& progress,
-             const Function& function) {
-    for (size_t begin = 0; begin < count; begin += kRound) {
-        if (progress &&
-            !progress(from + (to - from) * static_cast<double>(begin) / static_cast<double>(count)))
-            return false;
-        for (size_t i = begin; i < std::min(begin + kRound, count); ++i) function(i);
-    }
-    return true;
+/// Puts those of one look side by side, as they were: they are written together, and so lie together.
+void SortByLook(std::vector<PovCloud_cls::Item>& items, size_t looks) {
+    std::vector<uint32_t> next(looks + 1);
+    for (const PovCloud_cls::Item& item : items) ++next[item.look + 1];
+    for (size_t i = 1; i < next.size(); ++i) next[i] += next[i - 1];
+    std::vector<PovCloud_cls::Item> sorted(items.size());
+    for (const PovCloud_cls::Item& item : items) sorted[next[item.look]++] = item;
+    items.swap(sorted);
 }
 
 }  // namespace
 
 PovParticles_cls::PovParticles_cls(const SnapData_cls& state, const DrawAttributes_cls& attributes,
                                    const DrawOption_cls& option, bool fineColors)
-    : mState(state), mPalette(fineColors) {
+    : mState(state), mHasFineColors(fineColors) {
     const bool isAlone = option.mClassify.mValue == DrawOption_cls::kAttribute0Only;
     for (size_t i = 0; i < mBrushes.size(); ++i) Prepare(mBrushes[i], *attributes[isAlone ? 0 : i], isAlone);
     // Billboards of a single attribute are thinned by the other form of the rule, as in the view.
@@ -193,182 +138,73 @@ size_t PovParticles_cls::CountDrawn() const {
 }
 
 void PovParticles_cls::Add(const Brush& brush, PovLook_cls::Kind kind, size_t i, const Vector3& place,
-                           const View& view) {
+                           const View& view, Part& part) const {
     const float dataRadius = brush.attribute->GetDrawnRadius(mState.GetRadius()[i], mRadiusStep);
     const double depth = view.camera.GetDepth(place);
     const double radius = kind == PovLook_cls::Kind::Glow
                               ? brush.pointRadius * view.camera.GetPixel(depth)
-                              : std::min(dataRadius * view.space.scale, kLargestRadius);
+                              : std::min(dataRadius * view.space.scale, kFlatRadius);
     const bool isDeep = kind == PovLook_cls::Kind::Sphere;
     if (!(radius > 0.0) || !view.camera.IsInRange(depth, isDeep ? radius : 0.0)) return;
     const PovLook_cls look = LookOf(brush, kind, i, dataRadius);
     if (!(look.color[3] > 0.0F)) return;
-    const Item item = {Floats(place), static_cast<float>(radius), mPalette.Find(look)};
+    const PovCloud_cls::Item item = {Floats(place), static_cast<float>(radius), part.palette.Find(look)};
     if (kind != PovLook_cls::Kind::Billboard) {
-        mItems.push_back(item);
+        part.items.push_back(item);
         return;
     }
-    mBillboards.push_back(item);
-    if (mFacings.empty() || view.camera.IsRound()) mFacings.push_back(view.camera.GetFacing(place));
+    part.billboards.push_back(item);
+    if (part.facings.empty() || view.camera.IsRound()) part.facings.push_back(view.camera.GetFacing(place));
 }
 
-bool PovParticles_cls::Gather(const PovCamera_cls& camera, const PovSpace_cls& space,
-                              const Progress& progress) {
+void PovParticles_cls::GatherPart(size_t first, size_t count, const View& view, Part& part) const {
     const auto stride = static_cast<size_t>(std::max(mState.GetStride(), 1));
     const float* positions = mState.GetPosition();
     const uint8_t* types = mState.GetType();
-    const View view{camera, space};
-    mItems.reserve(CountDrawn());
-    return ForEach(CountDrawn(), 0.0, 0.3, progress, [&](size_t drawn) {
+    part.items.reserve(count);
+    for (size_t drawn = first; drawn < first + count; ++drawn) {
         const size_t i = drawn * stride;
         const Brush& brush = mBrushes[types[i] < mBrushes.size() ? types[i] : 0];
         const float* p = positions + 3 * i;
-        if (!brush.kind || !IsFinite(p)) return;
+        if (!brush.kind || !IsFinite(p)) continue;
         const Vector3 data = {static_cast<double>(p[0]), static_cast<double>(p[1]),
                               static_cast<double>(p[2])};
-        const Vector3 place = space.IsPlain() ? data : space.Of(data);
-        Add(brush, *brush.kind, i, place, view);
-        if (brush.hasBillboardToo) Add(brush, PovLook_cls::Kind::Billboard, i, place, view);
-    });
-}
-
-bool PovParticles_cls::IsAnyTransparent() const {
-    return std::any_of(mPalette.GetLooks().begin(), mPalette.GetLooks().end(),
-                       [](const PovLook_cls& look) { return look.IsTransparent(); });
-}
-
-bool PovParticles_cls::Write(PovText_cls& text, const Lighting& lighting, const SpriteSource& sprites,
-                             const Progress& progress) const {
-    return WriteSpheres(text, lighting, progress) && WriteBillboards(text, sprites, progress);
-}
-
-void PovParticles_cls::WriteTexture(PovText_cls& text, const PovLook_cls& look,
-                                    const Lighting& lighting) const {
-    const float alpha = look.color[3];
-    if (look.kind == PovLook_cls::Kind::Sphere) {
-        std::array<float, 3> diffuse = Rgb(look.color);
-        Vector3 ambient{};
-        Vector3 specular{};
-        for (size_t c = 0; c < 3; ++c) {
-            diffuse[c] = std::max(diffuse[c], kLeastDiffuse);
-            ambient[c] = look.ambient[c] / diffuse[c];
-            specular[c] = look.specular[c] * lighting.specularPerDiffuse[c];
-        }
-        Highlight_cls highlight = FitHighlight(diffuse, specular);
-        // Highlights are not dimmed by transparency, and those of the material's colour are as strong as it.
-        if (look.isAdditive) highlight = {(specular[0] + specular[1] + specular[2]) / 3.0, 0.0};
-        const float strength = look.isAdditive ? alpha / kClear : 1.0F;
-        text << "texture { pigment { rgbt <" << diffuse[0] * strength << ',' << diffuse[1] * strength << ','
-             << diffuse[2] * strength << ',' << (look.isAdditive ? 1.0F - kClear : 1.0F - alpha)
-             << "> } finish { ambient rgb " << Floats(ambient) << " diffuse 1 specular "
-             << static_cast<float>(highlight.strength) * alpha << " roughness "
-             << static_cast<float>(1.0 / kShininess) << " metallic " << static_cast<float>(highlight.metallic)
-             << " } }";
-        // The far side of a sphere would be seen through the near one, once more than in the view.
-        if (look.IsTransparent()) text << " interior_texture { pigment { rgbt 1 } finish { Glow } }";
-        if (lighting.hasPhotons) text << " photons { target reflection on refraction on }";
-    } else {
-        // A ray passes the surface twice, and both together are to have the wanted alpha.
-        const float passing = look.isAdditive ? 1.0F - kClear : std::sqrt(1.0F - alpha);
-        const float strength = look.isAdditive ? alpha / (2.0F * kClear) : 1.0F;
-        text << "texture { pigment { rgbt <" << look.color[0] * strength << ',' << look.color[1] * strength
-             << ',' << look.color[2] * strength << ',' << passing << "> } finish { Glow } } no_shadow";
+        const Vector3 place = view.space.IsPlain() ? data : view.space.Of(data);
+        Add(brush, *brush.kind, i, place, view, part);
+        if (brush.hasBillboardToo) Add(brush, PovLook_cls::Kind::Billboard, i, place, view, part);
     }
-    if (look.IsTransparent()) text << " interior { Layer }";
+    SortByLook(part.items, part.palette.GetLooks().size());
 }
 
-bool PovParticles_cls::WriteSpheres(PovText_cls& text, const Lighting& lighting,
-                                    const Progress& progress) const {
-    // Order by look, each look's particles as they were.
-    std::vector<size_t> begins(mPalette.GetLooks().size() + 1);
-    for (const Item& item : mItems) ++begins[item.look + 1];
-    for (size_t i = 1; i < begins.size(); ++i) begins[i] += begins[i - 1];
-    std::vector<uint32_t> order(mItems.size());
-    std::vector<size_t> next(begins.begin(), begins.end() - 1);
-    for (size_t i = 0; i < mItems.size(); ++i) order[next[mItems[i].look]++] = static_cast<uint32_t>(i);
-
-    size_t group = 0;
-    const bool completed = ForEach(order.size(), 0.3, 0.8, progress, [&](size_t place) {
-        // Particles of one look lie far apart in memory: the next ones are fetched while this one is written.
-        if (place + kAhead < order.size()) __builtin_prefetch(&mItems[order[place + kAhead]]);
-        const Item& item = mItems[order[place]];
-        group = item.look;
-        const bool isUnion = begins[group + 1] - begins[group] > 1;
-        if (isUnion && place == begins[group]) text << "union {\n";
-        text << "sphere{";
-        text.Fixed(item.position) << ',';
-        if (item.radius >= kCoarseRadius) {
-            text.Fixed(static_cast<double>(item.radius));
-        } else {
-            text << item.radius;
-        }
-        text << (isUnion ? "}\n" : " ");
-        if (place + 1 < begins[group + 1]) return;
-        WriteTexture(text, mPalette.GetLooks()[group], lighting);
-        text << " }\n";
-    });
-    return completed;
-}
-
-bool PovParticles_cls::WriteBillboards(PovText_cls& text, const SpriteSource& sprites,
-                                       const Progress& progress) const {
-    if (mBillboards.empty()) return true;
-    const size_t count = mBillboards.size();
-    text << "mesh2 {\nvertex_vectors { " << 4 * count;
-    bool completed = ForEach(count, 0.8, 0.9, progress, [&](size_t i) {
-        const Item& item = mBillboards[i];
-        const PovCamera_cls::Facing& facing = mFacings[mFacings.size() == 1 ? 0 : i];
-        for (const auto& [x, y] : {std::pair{-1, -1}, std::pair{1, -1}, std::pair{1, 1}, std::pair{-1, 1}}) {
-            Vector3 corner{};
-            for (size_t c = 0; c < 3; ++c)
-                corner[c] = item.position[c] +
-                            static_cast<double>(item.radius) * (x * facing.right[c] + y * facing.up[c]);
-            text << ",\n";
-            text.Fixed(Floats(corner));
-        }
-    });
-    if (!completed) return false;
-    text << "\n}\nuv_vectors { 4, <0,0>, <1,0>, <1,1>, <0,1> }\n";
-
-    // The mesh numbers its own textures.
-    const auto& looks = mPalette.GetLooks();
-    std::vector<uint32_t> numbers(looks.size());
-    uint32_t used = 0;
-    for (size_t i = 0; i < looks.size(); ++i) {
-        if (looks[i].kind == PovLook_cls::Kind::Billboard) numbers[i] = used++;
-    }
-    std::array<std::optional<Sprite>, 4> files;
-    text << "texture_list { " << used;
-    for (const PovLook_cls& look : looks) {
-        if (look.kind != PovLook_cls::Kind::Billboard) continue;
-        auto& sprite = files.at(look.attribute);
-        if (!sprite) sprite = sprites(look.attribute);
-        const float alpha = look.color[3];
-        const float clear = look.isAdditive ? 1.0F - kClear : 1.0F;
-        const float passing = look.isAdditive ? clear : 1.0F - alpha;
-        const float strength = look.isAdditive ? alpha / kClear : 1.0F;
-        const auto rgb = [&](float factor) {
-            text << "rgbt <";
-            for (size_t c = 0; c < 3; ++c) text << look.color[c] * sprite->tint[c] * factor << ',';
+PovCloud_cls PovParticles_cls::Gather(const PovCamera_cls& camera, const PovSpace_cls& space) const {
+    const View view{camera, space};
+    const size_t drawn = CountDrawn();
+    PovCloud_cls cloud;
+    cloud.items.reserve(drawn);
+    PovPalette_cls palette(mHasFineColors);
+    std::array<std::unique_ptr<Part>, PieceWork_cls::kSlots> parts;
+    const auto gather = [&](size_t piece, size_t slot) {
+        parts[slot] = std::make_unique<Part>(mHasFineColors);
+        const size_t first = piece * kGatherPiece;
+        GatherPart(first, std::min(kGatherPiece, drawn - first), view, *parts[slot]);
+    };
+    const auto take = [&](size_t, size_t slot) {
+        const Part& part = *parts[slot];
+        std::vector<uint32_t> numbers;
+        for (const PovLook_cls& look : part.palette.GetLooks()) numbers.push_back(palette.Find(look));
+        const auto append = [&numbers](const std::vector<PovCloud_cls::Item>& from, auto& to) {
+            for (PovCloud_cls::Item item : from) {
+                item.look = numbers[item.look];
+                to.push_back(item);
+            }
         };
-        // The pattern is the texture's transparency.
-        text << ",\ntexture { uv_mapping pigment { image_pattern { png \"" << ToBytes(sprite->file)
-             << "\" use_alpha } color_map { [0 ";
-        rgb(strength);
-        text << passing << ">] [1 ";
-        rgb(look.isAdditive ? 0.0F : 1.0F);
-        text << clear << ">] } } finish { Glow } }";
-    }
-    text << "\n}\nface_indices { " << 2 * count;
-    completed = ForEach(count, 0.9, 0.97, progress, [&](size_t i) {
-        const size_t v = 4 * i;
-        const uint32_t look = numbers[mBillboards[i].look];
-        text << ",\n<" << v << ',' << v + 1 << ',' << v + 2 << ">," << look << ",<" << v << ',' << v + 2
-             << ',' << v + 3 << ">," << look;
-    });
-    if (!completed) return false;
-    text << "\n}\nuv_indices { " << 2 * count;
-    completed = ForEach(count, 0.97, 1.0, progress, [&](size_t) { text << ",\n<0,1,2>,<0,2,3>"; });
-    text << "\n}\ninterior { Layer } no_shadow }\n";
-    return completed;
+        append(part.items, cloud.items);
+        append(part.billboards, cloud.billboards);
+        if (cloud.facings.empty() || camera.IsRound())
+            cloud.facings.insert(cloud.facings.end(), part.facings.begin(), part.facings.end());
+        parts[slot].reset();
+    };
+    PieceWork_cls::Run((drawn + kGatherPiece - 1) / kGatherPiece, gather, take);
+    cloud.looks = palette.GetLooks();
+    return cloud;
 }

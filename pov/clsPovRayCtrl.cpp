@@ -4,6 +4,8 @@
 #include <filesystem>
 
 #include "data/clsFileSequence.h"
+#include "pov/clsPovSceneFile.h"
+#include "seam/clsClock.h"
 #include "seam/clsOutputFile.h"
 #include "seam/clsShellCommand.h"
 #include "seam/clsTextCoding.h"
@@ -13,12 +15,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// So long is written in one go: windows answer in between.
+constexpr long long kSliceMs = 25;
+
 /// The renderer reads no other names, on its command line or in its option files.
 bool IsReadable(const wxString& path) {
     return ShellCommand_cls::IsHarmless(path);
 }
 
 }  // namespace
+
+PovRayCtrl_cls::PovRayCtrl_cls() {
+    SetToDefault();
+}
+
+PovRayCtrl_cls::~PovRayCtrl_cls() = default;
 
 void PovRayCtrl_cls::SetToDefault() {
     mPathItems.Clear();
@@ -136,12 +147,28 @@ wxString PovRayCtrl_cls::FindObstacle() const {
     return {};
 }
 
-wxString PovRayCtrl_cls::Export(int frame, Series series, bool first) const {
-    const wxString obstacle = FindObstacle();
-    if (!obstacle.empty()) return obstacle;
-    const wxString name = GetFileStr(frame, series);
-    const wxString error = mSceneWriter ? mSceneWriter(frame, name, first, mProgress) : wxString();
-    return error.empty() ? OutputPovRayIni(name, series) : error;
+wxString PovRayCtrl_cls::BeginFrame(int frame, Series series, bool first) {
+    wxString error = FindObstacle();
+    if (error.empty() && mSceneWriter) mScene = mSceneWriter(frame, GetFileStr(frame, series), first, &error);
+    return error;
+}
+
+wxString PovRayCtrl_cls::EndFrame(int frame, Series series) {
+    const wxString error = mScene ? mScene->GetError() : wxString();
+    mScene.reset();
+    return error.empty() ? OutputPovRayIni(GetFileStr(frame, series), series) : error;
+}
+
+wxString PovRayCtrl_cls::Export(int frame, Series series, bool first) {
+    if (IsRendering()) return "another frame is being written";
+    const wxString error = BeginFrame(frame, series, first);
+    if (!error.empty()) return error;
+    while (mScene && mScene->Step()) {
+        if (!mProgress || mProgress(mScene->GetShare())) continue;
+        mScene.reset();
+        return "cancelled";
+    }
+    return EndFrame(frame, series);
 }
 
 PovRenderPool_cls::Job PovRayCtrl_cls::MakeJob(int frame, Series series) const {
@@ -155,24 +182,32 @@ void PovRayCtrl_cls::Tell(const PovRenderPool_cls::Outcome& outcome) const {
 
 bool PovRayCtrl_cls::RenderByPovSnap(int frame) {
     if (IsRendering()) return false;
-    mFrames = {frame};
+    Start({frame}, Series::Snap, true, 1);
     mNext = 1;
-    mDone = 0;
-    mSeries = Series::Snap;
-    mPool.SetPlaces(1);
     mPool.Start(MakeJob(frame, mSeries));
     Tell({-1, {}, {}});
     return true;
 }
 
+void PovRayCtrl_cls::StartPovSnap(int frame, bool isRendered) {
+    if (IsRendering()) return;
+    Start({frame}, Series::Snap, isRendered, 1);
+    Tell({-1, {}, {}});
+}
+
 void PovRayCtrl_cls::StartRenderPovAnim(const std::vector<int>& frames, int renderers) {
     if (IsRendering()) return;
+    Start(frames, Series::Anim, true, renderers);
+    Tell({-1, {}, {}});
+}
+
+void PovRayCtrl_cls::Start(const std::vector<int>& frames, Series series, bool isRendered, int renderers) {
     mFrames = frames;
     mNext = 0;
     mDone = 0;
-    mSeries = Series::Anim;
+    mSeries = series;
+    mIsRendered = isRendered;
     mPool.SetPlaces(renderers);
-    Tell({-1, {}, {}});
 }
 
 bool PovRayCtrl_cls::ProcessRenderPovAnim() {
@@ -182,25 +217,42 @@ bool PovRayCtrl_cls::ProcessRenderPovAnim() {
         Tell(outcome);
     }
     // The observer may have aborted.
-    if (mNext < mFrames.size() && mPool.HasFreePlace()) {
-        const int frame = mFrames[mNext];
-        const wxString error = Export(frame, mSeries, mNext == 0);
-        ++mNext;
-        if (error.empty()) {
-            mPool.Start(MakeJob(frame, mSeries));
-        } else {
-            ++mDone;
-            Tell({frame, {}, error});
-        }
-    }
+    if (IsBusy()) ProcessWriting();
     const bool after = IsRendering();
     if (before && !after) Tell({-1, {}, {}});
     return after;
 }
 
+void PovRayCtrl_cls::ProcessWriting() {
+    const int frame = mFrames[IsWriting() ? mNext - 1 : mNext];
+    if (!IsWriting()) {
+        const wxString error = BeginFrame(frame, mSeries, mNext == 0);
+        ++mNext;
+        if (!error.empty() || !mScene) return TakeWritten(frame, error);
+    }
+    const long long start = Clock_cls::Current().Now();
+    while (mScene->Step()) {
+        if (mProgress) mProgress(mScene->GetShare());
+        if (!IsWriting() || Clock_cls::Current().Now() - start > kSliceMs) return;
+    }
+    TakeWritten(frame, {});
+}
+
+void PovRayCtrl_cls::TakeWritten(int frame, const wxString& error) {
+    const wxString problem = error.empty() ? EndFrame(frame, mSeries) : error;
+    if (problem.empty() && mIsRendered) {
+        if (mSeries == Series::Anim) return mPool.Start(MakeJob(frame, mSeries));
+        RenderByPovSnap(frame);
+        return;
+    }
+    ++mDone;
+    Tell({frame, problem.empty() ? GetFileStr(frame, mSeries) + ".pov" : wxString(), problem});
+}
+
 void PovRayCtrl_cls::AbortRenderPovAnim() {
     mFrames.clear();
     mNext = 0;
+    mScene.reset();
     mPool.AbortAll();
     Tell({-1, {}, {}});
 }

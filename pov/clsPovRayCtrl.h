@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "pov/clsPovAdvanced.h"
@@ -10,10 +11,13 @@
 #include "pov/clsPovRender.h"
 #include "pov/clsPovRenderPool.h"
 
+class PovSceneFile_cls;
+
 /// Settings of the external ray tracer (where it is, where it works, how files are named, its options), and
 /// the renders that run. One object, owned by the application core. The two paths belong to the machine more
 /// than to the work, so the configuration file holds them too.
-/// All files of a picture are written on the GUI thread before its renderer starts.
+/// All files of a picture are written on the GUI thread before its renderer starts, in steps between which
+/// windows live.
 /// Threads: GUI thread.
 /// Failure: a frame that cannot be written or rendered is told by the observer of outcomes; the others go on.
 class PovRayCtrl_cls {
@@ -21,7 +25,8 @@ class PovRayCtrl_cls {
     /// Whose file-name pattern holds.
     enum class Series { Snap, Anim };
 
-    PovRayCtrl_cls() { SetToDefault(); }
+    PovRayCtrl_cls();
+    ~PovRayCtrl_cls();
     PovRayCtrl_cls(const PovRayCtrl_cls&) = delete;
     PovRayCtrl_cls& operator=(const PovRayCtrl_cls&) = delete;
 
@@ -79,13 +84,13 @@ class PovRayCtrl_cls {
 
     // Renders
 
-    /// Writes the scene of a frame to the name with ".pov". Empty, or what went wrong. Set by the core, which
-    /// has the data; what all frames share is written with `first`.
-    /// The share of a scene that is written, 0 to 1; false cancels it.
-    using Progress = std::function<bool(double share)>;
-    using SceneWriter =
-        std::function<wxString(int frame, const wxString& name, bool first, const Progress& progress)>;
+    /// Begins to write the scene of a frame to the name with ".pov"; null and the error when that fails. Set
+    /// by the core, which has the data; what all frames share is written with `first`.
+    using SceneWriter = std::function<std::unique_ptr<PovSceneFile_cls>(int frame, const wxString& name,
+                                                                        bool first, wxString* error)>;
     void SetSceneWriter(SceneWriter writer) { mSceneWriter = std::move(writer); }
+    /// The share of a scene that is written, 0 to 1; false cancels Export().
+    using Progress = std::function<bool(double share)>;
     /// Told of every frame that is done, and with a frame of -1 whenever renders start or stop.
     using Observer = std::function<void(const PovRenderPool_cls::Outcome&)>;
     void SetObserver(Observer observer) { mObserver = std::move(observer); }
@@ -94,20 +99,23 @@ class PovRayCtrl_cls {
     void SetPostSceneCommand(const wxString& command) { mPostSceneCommand = command; }
     const wxString& GetPostSceneCommand() const { return mPostSceneCommand; }
 
-    /// Scene and option file of a frame. Empty, or what went wrong.
-    wxString Export(int frame, Series series, bool first = true) const;
-    /// Starts the renderer for files that are there. False when one is at work.
+    /// Scene and option file of a frame, written at once. Empty, or what went wrong.
+    wxString Export(int frame, Series series, bool first = true);
+    /// Starts the renderer for files that are there. False when something is at work.
     bool RenderByPovSnap(int frame);
-    /// Renders frames one after another, `renderers` at a time, as ProcessRenderPovAnim() is called.
+    /// Writes a single frame as ProcessRenderPovAnim() is called, and then renders it if that is wanted.
+    void StartPovSnap(int frame, bool isRendered);
+    /// Writes and renders frames one after another, `renderers` at a time, as ProcessRenderPovAnim() is
+    /// called.
     void StartRenderPovAnim(const std::vector<int>& frames, int renderers = 1);
-    /// Takes in what has ended, and writes and starts the next frame if there is a place: one call blocks for
-    /// the writing of one frame. False when there is nothing left to do.
+    /// Takes in what has ended, and goes on with the next frame's files and renderer if there is a place. One
+    /// call writes for some tens of milliseconds. False when there is nothing left to do.
     bool ProcessRenderPovAnim();
-    /// Ends the renderers; pictures that are done stay.
+    /// Ends the renderers and what is written; pictures that are done stay.
     void AbortRenderPovAnim();
-    bool IsRendering() const { return mNext < mFrames.size() || !mPool.IsIdle(); }
-    /// True while the next call of ProcessRenderPovAnim() would have nothing to do.
-    bool IsWaiting() const { return mNext >= mFrames.size() || !mPool.HasFreePlace(); }
+    bool IsRendering() const { return IsWriting() || mNext < mFrames.size() || !mPool.IsIdle(); }
+    /// True while files are to be written, so that ProcessRenderPovAnim() has something to do at once.
+    bool IsBusy() const { return IsWriting() || (mNext < mFrames.size() && mPool.HasFreePlace()); }
     int GetDone() const { return mDone; }
     int GetTotal() const { return static_cast<int>(mFrames.size()); }
 
@@ -115,6 +123,14 @@ class PovRayCtrl_cls {
     wxString NameInIni(const wxString& path) const;
     PovRenderPool_cls::Job MakeJob(int frame, Series series) const;
     void Tell(const PovRenderPool_cls::Outcome& outcome) const;
+    void Start(const std::vector<int>& frames, Series series, bool isRendered, int renderers);
+    bool IsWriting() const { return mScene != nullptr; }
+    /// Empty, or why the frame's files cannot be written.
+    wxString BeginFrame(int frame, Series series, bool first);
+    /// The last of the frame's files. Empty, or what went wrong with any of them.
+    wxString EndFrame(int frame, Series series);
+    void ProcessWriting();
+    void TakeWritten(int frame, const wxString& error);
 
     ConfItemList_cls mPathItems;
     ConfItemList_cls mItems;
@@ -132,5 +148,7 @@ class PovRayCtrl_cls {
     size_t mNext = 0;
     int mDone = 0;
     Series mSeries = Series::Snap;
+    bool mIsRendered = true;
+    std::unique_ptr<PovSceneFile_cls> mScene;  ///< what is being written
     PovRenderPool_cls mPool{*this};
 };

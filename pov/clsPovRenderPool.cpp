@@ -26,6 +26,12 @@ bool IsNewer(const wxString& name, fs::file_time_type then) {
     return !error && time >= then;
 }
 
+/// Without a display the renderer draws its preview on a terminal: that is no text.
+bool HasControls(const std::string& line) {
+    return std::any_of(line.begin(), line.end(),
+                       [](char c) { return c >= 0 && c < ' ' && c != '\t' && c != '\r'; });
+}
+
 /// The line of a renderer's log that tells why it gave up: the last one with an error in it, else the last.
 wxString LastWords(const wxString& log) {
     std::ifstream file(PathOf(log), std::ios::binary);
@@ -35,7 +41,7 @@ wxString LastWords(const wxString& log) {
     std::string last;
     std::string telling;
     for (std::string line; std::getline(file, line);) {
-        if (line.find_first_not_of(" \r\t-=") == std::string::npos) continue;
+        if (line.find_first_not_of(" \r\t-=") == std::string::npos || HasControls(line)) continue;
         last = line.substr(0, 300);
         if (line.find("rror") != std::string::npos || line.find("not found") != std::string::npos ||
             line.find("ermission") != std::string::npos) {

@@ -7,11 +7,12 @@
 #include <cmath>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsSplitPath.h"
+#include "pov/clsPovParticles.h"
 #include "pov/clsPovRayCtrl.h"
-#include "pov/clsPovText.h"
 #include "render/clsDrawOption.h"
 #include "render/clsPanelShared.h"
 #include "scene/clsCameraPath.h"
@@ -131,8 +132,8 @@ void PovScene_cls::WriteLights(PovText_cls& text, const SceneView_cls& view,
     }
 }
 
-PovParticles_cls::Lighting PovScene_cls::GetLighting(double time) const {
-    PovParticles_cls::Lighting lighting;
+PovTexture_cls::Lighting PovScene_cls::GetLighting(double time) const {
+    PovTexture_cls::Lighting lighting;
     lighting.ambient.fill(kAmbientOfAll);
     lighting.hasPhotons = mLinks.control.GetPhotons().IsOn();
     Vector3 diffuse{};
@@ -154,7 +155,7 @@ PovParticles_cls::Lighting PovScene_cls::GetLighting(double time) const {
     return lighting;
 }
 
-PovParticles_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString& folder) const {
+PovTexture_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString& folder) const {
     const auto& owner = mLinks.view.data.GetActive().GetAttributes()[static_cast<size_t>(attribute)];
     const wxString file = owner->mTexFileBillboard.GetValueText();
     wxImage image;
@@ -162,7 +163,7 @@ PovParticles_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString&
     image.LoadFile(ResourcePath_cls::Find(file));
     // The view stands in with a sprite like the one that comes with the program.
     if (!image.IsOk() || !image.HasAlpha()) image.LoadFile(ResourcePath_cls::Find(kDefaultSprite));
-    PovParticles_cls::Sprite sprite;
+    PovTexture_cls::Sprite sprite;
     sprite.file = wxString::Format("Billboard%d.png", attribute);
     if (!image.IsOk() || !image.HasAlpha()) return sprite;
     sprite.tint = MeanColor(image);
@@ -170,58 +171,71 @@ PovParticles_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString&
     return sprite;
 }
 
-wxString PovScene_cls::Write(const SceneView_cls& view, int frame, const wxString& name, bool first,
-                             const PovParticles_cls::Progress& progress) {
+PovParticleText_cls::Sprites PovScene_cls::MakeSprites(const PovCloud_cls& cloud,
+                                                       const wxString& folder) const {
+    std::array<bool, 4> isUsed{};
+    for (const PovLook_cls& look : cloud.looks) {
+        if (look.kind == PovLook_cls::Kind::Billboard) isUsed.at(look.attribute) = true;
+    }
+    PovParticleText_cls::Sprites sprites;
+    for (size_t i = 0; i < sprites.size(); ++i) {
+        if (isUsed[i]) sprites[i] = MakeSprite(static_cast<int>(i), folder);
+    }
+    return sprites;
+}
+
+PovCloud_cls PovScene_cls::Gather(const SceneView_cls& view, const PovCamera_cls& camera,
+                                  const PovSpace_cls& space) const {
+    if (!view.mState || !view.mPanel.mShowData.mValue) return {};
+    DrawAttributes_cls attributes{};
+    for (size_t i = 0; i < attributes.size(); ++i)
+        attributes[i] = mLinks.view.data.GetActive().GetAttributes()[i].get();
+    const bool fine = !mLinks.control.GetFormat().mFastColoring.mValue;
+    return PovParticles_cls(*view.mState, attributes, mLinks.view.option, fine).Gather(camera, space);
+}
+
+std::unique_ptr<PovSceneFile_cls> PovScene_cls::Begin(const SceneView_cls& view, int frame,
+                                                      const wxString& name, bool first,
+                                                      wxString* error) const {
     std::string common;
-    wxString error = GetCommonText(&common);
-    if (!error.empty()) return error;
-    const wxString folder = SplitPath_cls(name).mDirectory;
+    *error = GetCommonText(&common);
+    if (!error->empty()) return nullptr;
     const PovRayCtrl_cls& control = mLinks.control;
     const bool isShared = control.mUseCommonSceneFile.mValue;
     if (isShared && first) {
-        error = OutputFile_cls::WriteWhole(control.GetWorkFolder() + "/" + kCommonName, common,
-                                           OutputFile_cls::Sync::No);
-        if (!error.empty()) return error;
+        *error = OutputFile_cls::WriteWhole(control.GetWorkFolder() + "/" + kCommonName, common,
+                                            OutputFile_cls::Sync::No);
+        if (!error->empty()) return nullptr;
     }
 
     const PovSpace_cls space = PovSpace_cls::Of(view.mCamera.mPose);
     const PovCamera_cls camera(view, space);
-    const PovParticles_cls::Lighting lighting = GetLighting(view.mTime);
-    const bool fine = !control.GetFormat().mFastColoring.mValue;
-    std::optional<PovParticles_cls> particles;
-    if (view.mState && view.mPanel.mShowData.mValue) {
-        DrawAttributes_cls attributes{};
-        for (size_t i = 0; i < attributes.size(); ++i)
-            attributes[i] = mLinks.view.data.GetActive().GetAttributes()[i].get();
-        particles.emplace(*view.mState, attributes, mLinks.view.option, fine);
-        if (!particles->Gather(camera, space, progress)) return kCancelled;
-    }
+    const PovTexture_cls::Lighting lighting = GetLighting(view.mTime);
+    PovSceneFile_cls::Content content;
+    content.cloud = Gather(view, camera, space);
+    content.texture = PovTexture_cls(lighting);
+    content.sprites = MakeSprites(content.cloud, SplitPath_cls(name).mDirectory);
+    if (control.mTweaks.mValue)
+        content.tail = "#if (file_exists(\"Tweaks.inc\"))\n#include \"Tweaks.inc\"\n#end\n";
 
-    OutputFile_cls file(name + ".pov");
-    {
-        PovText_cls text(file);
-        text << "// frame " << frame << ", " << (particles ? particles->GetCount() : 0) << " particles\n"
-             << "#version 3.7;\n#declare t0 = " << view.mTime << ";\n"
-             << ToBytes(GetExpressions(true, view.mTime));
-        if (isShared) {
-            text << "#include \"" << kCommonName << "\"\n";
-        } else {
-            text << common;
-        }
-        if (!space.IsPlain()) {
-            text << "// lengths are the data's, less this point, times this factor\n#declare DataOrigin = "
-                 << space.origin << ";\n#declare DataScale = " << space.scale << ";\n";
-        }
-        text << "global_settings { ambient_light rgb " << lighting.ambient;
-        if (particles && particles->IsAnyTransparent()) text << " max_trace_level " << kMostLayers;
-        text << " }\n";
-        camera.Write(text);
-        WriteLights(text, view, space);
-        const auto sprite = [&](int attribute) { return MakeSprite(attribute, folder); };
-        if (particles && !particles->Write(text, lighting, sprite, progress)) return kCancelled;
-        if (control.mTweaks.mValue)
-            text << "#if (file_exists(\"Tweaks.inc\"))\n#include \"Tweaks.inc\"\n#end\n";
+    PovText_cls head;
+    head << "// frame " << frame << ", " << content.cloud.GetCount() << " particles\n"
+         << "#version 3.7;\n#declare t0 = " << view.mTime << ";\n"
+         << ToBytes(GetExpressions(true, view.mTime));
+    if (isShared) {
+        head << "#include \"" << kCommonName << "\"\n";
+    } else {
+        head << common;
     }
-    file.Commit(OutputFile_cls::Sync::No);
-    return file.GetError();
+    if (!space.IsPlain()) {
+        head << "// lengths are the data's, less this point, times this factor\n#declare DataOrigin = "
+             << space.origin << ";\n#declare DataScale = " << space.scale << ";\n";
+    }
+    head << "global_settings { ambient_light rgb " << lighting.ambient;
+    if (content.cloud.IsAnyTransparent()) head << " max_trace_level " << kMostLayers;
+    head << " }\n";
+    camera.Write(head);
+    WriteLights(head, view, space);
+    content.head = head.Get();
+    return std::make_unique<PovSceneFile_cls>(name + ".pov", std::move(content));
 }

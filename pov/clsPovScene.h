@@ -2,7 +2,9 @@
 
 #include <wx/string.h>
 
-#include "pov/clsPovParticles.h"
+#include <memory>
+
+#include "pov/clsPovSceneFile.h"
 #include "scene/clsScenePass.h"
 
 class CameraPath_cls;
@@ -16,7 +18,7 @@ class PovRayCtrl_cls;
 /// bracketed by a language version in which a straight stretch needs no ";", or evaluated where a value moves
 /// in steps, which the expressions leave out.
 /// Threads: GUI thread. Made for one export; what it links outlives it.
-/// Failure: the functions return what went wrong, empty for nothing.
+/// Failure: what went wrong is told in words, empty for nothing.
 class PovScene_cls {
   public:
     struct Links {
@@ -25,24 +27,25 @@ class PovScene_cls {
         const CameraPath_cls& camera;
     };
     static constexpr const char* kCommonName = "CommonScene.pov";
-    /// What an export says when the progress ended it.
-    static constexpr const char* kCancelled = "cancelled";
 
     explicit PovScene_cls(Links links) : mLinks(std::move(links)) {}
 
-    /// The scene of a view to the name with ".pov", and, with `first`, what all frames share to its file.
-    /// `frame` is for the reader.
-    wxString Write(const SceneView_cls& view, int frame, const wxString& name, bool first,
-                   const PovParticles_cls::Progress& progress = {});
+    /// Begins the scene of a view, for the name with ".pov", and, with `first`, writes what all frames share.
+    /// `frame` is for the reader. Null and the error when it cannot be begun.
+    std::unique_ptr<PovSceneFile_cls> Begin(const SceneView_cls& view, int frame, const wxString& name,
+                                            bool first, wxString* error) const;
 
   private:
     wxString GetCommonText(std::string* text) const;
     wxString GetExpressions(bool inSteps, double time) const;
     void WriteLights(PovText_cls& text, const SceneView_cls& view, const PovSpace_cls& space) const;
-    PovParticles_cls::Lighting GetLighting(double time) const;
+    PovTexture_cls::Lighting GetLighting(double time) const;
     /// Writes the billboard texture of an attribute into the folder of the scene: the renderer may read
     /// nothing else.
-    PovParticles_cls::Sprite MakeSprite(int attribute, const wxString& folder) const;
+    PovTexture_cls::Sprite MakeSprite(int attribute, const wxString& folder) const;
+    PovParticleText_cls::Sprites MakeSprites(const PovCloud_cls& cloud, const wxString& folder) const;
+    PovCloud_cls Gather(const SceneView_cls& view, const PovCamera_cls& camera,
+                        const PovSpace_cls& space) const;
 
     Links mLinks;
 };

@@ -10,7 +10,7 @@
 namespace {
 
 /// Largest length that is still squared without overflow; larger radii fill the window as well.
-constexpr float kLargestRadius = 1e15F;
+constexpr float kLargestSpriteRadius = 1e15F;
 /// OpenGL rounds places to 1/256 pixel: so near to a pixel's middle nothing is decided here.
 constexpr float kPixelRounding = 1.0F / 64.0F;
 
@@ -64,7 +64,7 @@ SpritePacker_cls::Shape SpritePacker_cls::Pack(size_t particle, const SpriteRule
         return Classify(*sprite);
     }
     if (!(radius > 0.0F)) return Shape::Hidden;
-    sprite->size = std::min(radius, kLargestRadius);
+    sprite->size = std::min(radius, kLargestSpriteRadius);
     return Classify(*sprite);
 }
 

@@ -14,6 +14,8 @@
 namespace {
 
 constexpr size_t kBufferByte = 1 << 20;
+/// So much at once is not worth a copy.
+constexpr size_t kLargeByte = 1 << 16;
 
 std::string FolderOf(const std::string& path) {
     const size_t slash = path.rfind('/');
@@ -72,18 +74,27 @@ void OutputFile_cls::Fail(const char* action) {
 }
 
 void OutputFile_cls::Write(const void* bytes, size_t count) {
+    if (count >= kLargeByte) {
+        Flush();
+        WriteThrough(static_cast<const char*>(bytes), count);
+        return;
+    }
     mBuffer.append(static_cast<const char*>(bytes), count);
     if (mBuffer.size() >= kBufferByte) Flush();
 }
 
 void OutputFile_cls::Flush() {
+    WriteThrough(mBuffer.data(), mBuffer.size());
+    mBuffer.clear();
+}
+
+void OutputFile_cls::WriteThrough(const char* bytes, size_t count) {
     size_t done = 0;
-    while (mError.empty() && done < mBuffer.size()) {
-        const ssize_t wrote = write(mDescriptor, mBuffer.data() + done, mBuffer.size() - done);
+    while (mError.empty() && done < count) {
+        const ssize_t wrote = write(mDescriptor, bytes + done, count - done);
         if (wrote < 0 && errno != EINTR) Fail("write");
         if (wrote > 0) done += static_cast<size_t>(wrote);
     }
-    mBuffer.clear();
 }
 
 bool OutputFile_cls::Commit(Sync sync) {

@@ -31,6 +31,7 @@ class OutputFile_cls {
   private:
     void Fail(const char* action);
     void Flush();
+    void WriteThrough(const char* bytes, size_t count);
 
     wxString mPath;
     std::string mTarget;

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 #include <filesystem>
-#include <optional>
+#include <iostream>
 #include <random>
 
 #include "output/clsImageFile.h"
@@ -15,48 +15,11 @@
 namespace {
 
 constexpr const char* kPovRay = "/usr/bin/povray";
-constexpr int kWidth = 320;
-constexpr int kHeight = 240;
-
-/// One frame drawn by the view and by POV-Ray, without anything but the particles.
-class PovPictureGLTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        if (!std::filesystem::exists(kPovRay))
-            GTEST_SKIP() << kPovRay << " is not installed (Debian's package povray)";
-        if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) ImageFile_cls::InitHandlers();
-    }
-    void Draw(const std::vector<SampleParticle_cls>& particles, const std::vector<std::string>& settings) {
-        mFolder.Write("s0000.dat", DefaultSnapshot(0, static_cast<int>(particles.size()), particles));
-        std::vector<std::string> common = {"--no-config",
-                                           "--quiet",
-                                           "s0000.dat",
-                                           "--frames",
-                                           "0",
-                                           "--size",
-                                           std::to_string(kWidth) + "x" + std::to_string(kHeight)};
-        for (const char* off : {"ShowMessage", "ShowItems", "ShowGrid"})
-            common.insert(common.end(), {"--set", std::string("Panel0") + off + "=0"});
-        for (const std::string& setting : settings) common.insert(common.end(), {"--set", setting});
-        const auto run = [&](std::vector<std::string> arguments) {
-            arguments.insert(arguments.end(), common.begin(), common.end());
-            const auto result = RunProgram(arguments, mFolder.Path());
-            EXPECT_EQ(result.status, 0) << result.err;
-        };
-        run({"--render", "view.png"});
-        run({"--pov", ".", "--run"});
-        mView.LoadFile(wxString::FromUTF8(mFolder.File("view.png")));
-        mPov.LoadFile(wxString::FromUTF8(mFolder.File("povanim0000.png")));
-        ASSERT_TRUE(mView.IsOk() && mPov.IsOk() && mView.GetSize() == mPov.GetSize());
-        if (const char* keep = std::getenv("SHOTS")) {
-            mView.SaveFile(wxString(keep) + "/view.png");
-            mPov.SaveFile(wxString(keep) + "/pov.png");
-        }
-    }
-
-    TempFolder_cls mFolder;
-    wxImage mView;
-    wxImage mPov;
+/// What is drawn: a file in the test's folder, and of which frame at which size.
+struct Scene {
+    std::string file = "s0000.dat";
+    int frame = 0;
+    std::string size = "320x240";
 };
 
 struct Blob {
@@ -97,6 +60,82 @@ std::vector<Blob> Blobs(const wxImage& image) {
     return blobs;
 }
 
+/// The colours between two columns, above the background, added up.
+std::array<double, 3> SumOfColours(const wxImage& image, int left, int right) {
+    std::array<double, 3> sum{};
+    for (int y = 0; y < image.GetHeight(); ++y) {
+        for (int x = left; x < right; ++x) {
+            const unsigned char* pixel = image.GetData() + 3 * (y * image.GetWidth() + x);
+            for (size_t c = 0; c < 3; ++c) sum[c] += pixel[c] - image.GetData()[c];
+        }
+    }
+    return sum;
+}
+
+/// One frame drawn by the view and by POV-Ray, without anything but the particles.
+class PovPictureGLTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        if (!std::filesystem::exists(kPovRay))
+            GTEST_SKIP() << kPovRay << " is not installed (Debian's package povray)";
+        if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) ImageFile_cls::InitHandlers();
+    }
+    void Draw(const std::vector<SampleParticle_cls>& particles, const std::vector<std::string>& settings) {
+        mFolder.Write("s0000.dat", DefaultSnapshot(0, static_cast<int>(particles.size()), particles));
+        Draw(Scene(), settings);
+    }
+    void Draw(const Scene& scene, const std::vector<std::string>& settings) {
+        const std::string frame = std::to_string(scene.frame);
+        std::vector<std::string> common = {"--no-config", "--quiet", scene.file, "--frames",
+                                           frame,         "--size",  scene.size};
+        for (const char* off : {"ShowMessage", "ShowItems", "ShowGrid"})
+            common.insert(common.end(), {"--set", std::string("Panel0") + off + "=0"});
+        for (const std::string& setting : settings) common.insert(common.end(), {"--set", setting});
+        const auto run = [&](std::vector<std::string> arguments) {
+            arguments.insert(arguments.end(), common.begin(), common.end());
+            const auto result = RunProgram(arguments, mFolder.Path());
+            EXPECT_EQ(result.status, 0) << result.err;
+        };
+        run({"--render", "view.png"});
+        run({"--pov", ".", "--run"});
+        mView.LoadFile(wxString::FromUTF8(mFolder.File("view.png")));
+        mPov.LoadFile(wxString::Format("%s/povanim%04d.png", mFolder.Path().c_str(), scene.frame));
+        ASSERT_TRUE(mView.IsOk() && mPov.IsOk() && mView.GetSize() == mPov.GetSize());
+        if (const char* keep = std::getenv("SHOTS")) {
+            mView.SaveFile(wxString(keep) + "/view.png");
+            mPov.SaveFile(wxString(keep) + "/pov.png");
+        }
+    }
+
+    /// Twenty particles.
+    void ExpectSamePlaces(const std::string& name) {
+        const std::vector<Blob> view = Blobs(mView);
+        const std::vector<Blob> pov = Blobs(mPov);
+        EXPECT_EQ(view.size(), 20U) << name;
+        EXPECT_EQ(pov.size(), 20U) << name;
+        double worst = 0.0;
+        for (const Blob& a : view) {
+            double nearest = 1e9;
+            for (const Blob& b : pov) nearest = std::min(nearest, std::hypot(a.x - b.x, a.y - b.y));
+            worst = std::max(worst, nearest);
+        }
+        EXPECT_LT(worst, 1.5) << name;
+        std::cout << name << ": " << worst << " pixels\n";
+    }
+    /// Within a tenth of the brightness, in all channels together.
+    void ExpectSameColours(const std::string& name, int left, int right) {
+        const auto view = SumOfColours(mView, left, right);
+        const auto pov = SumOfColours(mPov, left, right);
+        const double brightness = view[0] + view[1] + view[2];
+        for (size_t k = 0; k < 3; ++k)
+            EXPECT_NEAR(pov[k] / brightness, view[k] / brightness, 0.1 / 3.0) << name << ", channel " << k;
+    }
+
+    TempFolder_cls mFolder;
+    wxImage mView;
+    wxImage mPov;
+};
+
 TEST_F(PovPictureGLTest, ParticlesStandWhereTheViewHasThem) {
     struct Case {
         const char* name;
@@ -135,32 +174,8 @@ TEST_F(PovPictureGLTest, ParticlesStandWhereTheViewHasThem) {
                                              "SEQ0TYPE0ColConstantColor=1 1 1 1"};
         settings.insert(settings.end(), c.settings.begin(), c.settings.end());
         Draw(particles, settings);
-        const std::vector<Blob> view = Blobs(mView);
-        const std::vector<Blob> pov = Blobs(mPov);
-        EXPECT_EQ(view.size(), 20U) << c.name;
-        EXPECT_EQ(pov.size(), 20U) << c.name;
-        double worst = 0.0;
-        for (const Blob& a : view) {
-            double nearest = 1e9;
-            for (const Blob& b : pov) nearest = std::min(nearest, std::hypot(a.x - b.x, a.y - b.y));
-            worst = std::max(worst, nearest);
-        }
-        EXPECT_LT(worst, 1.5) << c.name;
-        RecordProperty(c.name, std::to_string(worst));
+        ExpectSamePlaces(c.name);
     }
-}
-
-/// Mean colour of one half of a picture above its background.
-std::array<double, 3> MeanOfHalf(const wxImage& image, bool right) {
-    std::array<double, 3> sum{};
-    const int half = image.GetWidth() / 2;
-    for (int y = 0; y < image.GetHeight(); ++y) {
-        for (int x = right ? half : 0; x < (right ? 2 * half : half); ++x) {
-            const unsigned char* pixel = image.GetData() + 3 * (y * image.GetWidth() + x);
-            for (size_t c = 0; c < 3; ++c) sum[c] += pixel[c] - image.GetData()[c];
-        }
-    }
-    return sum;
 }
 
 TEST_F(PovPictureGLTest, TwoCloudsHaveTheColoursOfTheView) {
@@ -199,14 +214,47 @@ TEST_F(PovPictureGLTest, TwoCloudsHaveTheColoursOfTheView) {
     }
     for (const Case& c : cases) {
         Draw(particles, c.settings);
-        for (const bool right : {false, true}) {
-            const auto view = MeanOfHalf(mView, right);
-            const auto pov = MeanOfHalf(mPov, right);
-            const double brightness = view[0] + view[1] + view[2];
-            for (size_t k = 0; k < 3; ++k)
-                EXPECT_NEAR(pov[k] / brightness, view[k] / brightness, 0.1 / 3.0)
-                    << c.name << (right ? ", right" : ", left") << ", channel " << k;
-        }
+        const int width = mView.GetWidth();
+        ExpectSameColours(std::string(c.name) + ", left", 0, width / 2);
+        ExpectSameColours(std::string(c.name) + ", right", width / 2, width);
+    }
+}
+
+/// The example project with few particles: its camera moves, its colours and its light are real work.
+class PovDemoGLTest : public PovPictureGLTest {
+  protected:
+    void DrawDemo(int particles, const std::vector<std::string>& settings) {
+        const std::string command = VARNHOLT_GENERATOR " --seed 7 --particles " + std::to_string(particles) +
+                                    " '" + mFolder.Path().string() + "' >/dev/null";
+        ASSERT_EQ(std::system(command.c_str()), 0);
+        std::filesystem::copy_file(VARNHOLT_SOURCE_DIR "/examples/galaxies.vhp", mFolder.File("galaxies.vhp"),
+                                   std::filesystem::copy_options::overwrite_existing);
+        Draw(Scene{"galaxies.vhp", 120, "640x480"}, settings);
+    }
+};
+
+TEST_F(PovDemoGLTest, MarkedParticlesStandWhereTheViewHasThem) {
+    std::vector<std::string> settings;
+    for (const std::string type : {"SEQ0TYPE0", "SEQ0TYPE1", "SEQ0TYPE2", "SEQ0TYPE3"}) {
+        for (const char* own : {"DrawType=0", "PointSize=3", "BlendType=0", "AlphaFactro=1",
+                                "ColUseColorCurve=0", "ColConstantColor=1 1 1 1"})
+            settings.push_back(type + own);
+    }
+    for (const std::string geometry : {"0", "1"}) {
+        settings.push_back("Panel0GLGeometry=" + geometry);
+        DrawDemo(20, settings);
+        ExpectSamePlaces("geometry " + geometry);
+    }
+}
+
+TEST_F(PovDemoGLTest, EachGalaxyHasTheColourOfTheView) {
+    for (const bool second : {false, true}) {
+        std::vector<std::string> settings;
+        for (const char* other : {"0", "2"})
+            settings.push_back("SEQ0TYPE" + std::to_string(other[0] - '0' + (second ? 0 : 1)) +
+                               "AlphaFactro=0");
+        DrawDemo(10000, settings);
+        ExpectSameColours(second ? "the second galaxy" : "the first galaxy", 0, mView.GetWidth());
     }
 }
 

@@ -1,13 +1,16 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
 #include "pov/clsPovRayCtrl.h"
+#include "pov/clsPovSceneFile.h"
 #include "seam/clsClock.h"
 #include "seam/clsEventSink.h"
 #include "seam/clsTextCoding.h"
+#include "support/FakeClock.h"
 #include "support/RecordingSink.h"
 #include "support/TempFolder.h"
 
@@ -66,6 +69,8 @@ TEST_F(PovRenderTest, RendererTroubleIsToldInItsOwnWordsAndLeavesNoPicture) {
          "exit status 3): Fatal error in parser: no scene"},
         {"#!/bin/sh\ntouch \"${1%.ini}.png\"; exit 1\n", 0755, "exit status 1"},
         {"#!/bin/sh\ntouch \"${1%.ini}.png\"; kill -9 $$\n", 0755, "exit status 137): Killed"},
+        {"#!/bin/sh\nprintf 'no space left\\n\\033[2J preview\\n'; exit 2\n", 0755,
+         "exit status 2): no space left"},
         {"#!/bin/sh\nexit 0\n", 0755, "left no picture"},
         {"#!/bin/sh\n", 0644, "ermission denied"},
     };
@@ -122,6 +127,41 @@ TEST_F(PovRenderTest, SeveralRenderersShareTheProcessors) {
         EXPECT_EQ(outcome.error, "");
         EXPECT_EQ(std::stoi(ReadWholeFile(ToBytes(outcome.picture))), 1) << "one processor each";
     }
+}
+
+TEST_F(PovRenderTest, ALargeSceneIsWrittenInStepsAndCanBeGivenUp) {
+    mControl.SetSceneWriter([](int, const wxString& name, bool, wxString*) {
+        PovSceneFile_cls::Content content;
+        content.cloud.looks.resize(1);
+        content.cloud.items.assign(500000, {{1.0F, 2.0F, -3.0F}, 0.5F, 0});
+        return std::make_unique<PovSceneFile_cls>(name + ".pov", std::move(content));
+    });
+    {
+        FakeClock_cls clock;
+        std::vector<double> shares;
+        mControl.SetProgress([&](double share) {
+            shares.push_back(share);
+            clock.mNow += 1000;
+            return true;
+        });
+        mControl.StartPovSnap(4, false);
+        ASSERT_TRUE(mControl.ProcessRenderPovAnim());
+        EXPECT_TRUE(mControl.IsBusy());
+        ASSERT_EQ(shares.size(), 1U) << "windows live between the steps";
+        EXPECT_LT(shares.back(), 0.5);
+        mControl.AbortRenderPovAnim();
+        EXPECT_FALSE(mControl.IsRendering());
+        EXPECT_EQ(std::distance(fs::directory_iterator(mFolder.Path()), {}), 1) << "but the renderer";
+    }
+    mControl.SetProgress({});
+    mControl.StartPovSnap(4, true);
+    PollUntil([this] { return !mControl.ProcessRenderPovAnim(); }, 2);
+    ASSERT_EQ(mOutcomes.size(), 1U);
+    EXPECT_EQ(mOutcomes[0].error, "");
+    const std::string text = ReadWholeFile(mFolder.File("povsnap0004.pov"));
+    EXPECT_TRUE(text.starts_with("union {\nsphere{<1.0000000,2.0000000,-3.0000000>,0.5000000}\n"));
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 500002);
+    EXPECT_TRUE(IsThere("povsnap0004.png"));
 }
 
 TEST_F(PovRenderTest, ThePostSceneCommandRunsAfterThePicture) {
