@@ -181,7 +181,7 @@ SettingsPage_cls* DataLoaderGUI_cls::MakeSettings() {
           "fly through it"),
         BindDraft<bool>(mDraft.mUseBox));
     AddTransforms(*page);
-    page->SetMinSize(wxSize(FromDIP(kSettingsWidth), -1));
+    page->SetMinSize(wxSize(std::max(FromDIP(kSettingsWidth), page->GetBestSize().x), -1));
     return page;
 }
 
