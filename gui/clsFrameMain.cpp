@@ -159,7 +159,7 @@ void FrameMain_cls::MakeParts() {
     column->Add(mFaults, 0, wxEXPAND);
     column->Add(mHalves, 1, wxEXPAND);
     SetSizer(column);
-    mStatus = new FrameStatus_cls(this, mContext);
+    mStatus = new FrameStatus_cls(this, mContext, mPlayback);
     SetStatusBar(mStatus);
 }
 
@@ -187,9 +187,11 @@ void FrameMain_cls::PlaceWindow() {
     const auto last = mUser.GetWindow();
     const bool seen = last && wxDisplay::GetFromPoint(last->place.GetPosition()) != wxNOT_FOUND;
     if (!seen) {
-        const wxRect screen = wxDisplay(this).GetClientArea();
-        SetSize(wxSize(std::min(FromDIP(kFirstSize.x), screen.width),
-                       std::min(FromDIP(kFirstSize.y), screen.height)));
+        const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
+        const wxSize wanted = FromDIP(kFirstSize);
+        SetSize(wxSize(std::min(wanted.x, screen.x), std::min(wanted.y, screen.y)));
+        // The window manager's frame does not fit around it.
+        if (screen.x <= wanted.x || screen.y <= wanted.y) Maximize();
     } else {
         Move(last->place.GetPosition());
         SetClientSize(last->place.GetSize());
@@ -227,6 +229,7 @@ void FrameMain_cls::RemoveCache(bool all) {
     const int snapshot = all ? PDataSequence_cls::kAll : mContext.timeCtrl.GetRemappedIndex();
     if (mContext.seqCtrl.GetActive().GetSeqLength() == 0) return;
     mContext.seqCtrl.ClearData(PDataSeqCtrl_cls::kActive, snapshot, false);
+    mPlayback.ReadOn();
     mPlayback.Work();
     mStatus->RefreshFromModel();
 }
@@ -235,6 +238,7 @@ void FrameMain_cls::RemoveCache(bool all) {
 
 void FrameMain_cls::RefreshAll() {
     mInstant.Forget();
+    mPlayback.ReadOn();
     ShowSettings(SettingsView_cls::kAll);
     if (mTimeline) mTimeline->RefreshFromModel();
     ShowTitle();

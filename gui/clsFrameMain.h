@@ -57,8 +57,6 @@ class FrameMain_cls : public wxFrame {
     void GoToFrame(int frame);
     void Undo();
     void Redo();
-    void ShowMouseAndKeys();
-    void ShowAbout();
     void RemoveCache(bool all);
 
     void OnPosted(wxCommandEvent& event);

@@ -1,11 +1,10 @@
-#include <wx/aboutdlg.h>
 #include <wx/menu.h>
-#include <wx/msgdlg.h>
 
 #include "data/clsPDataSeqCtrl.h"
 #include "gui/clsDemo.h"
 #include "gui/clsFrameMain.h"
 #include "gui/clsFrameParts.h"
+#include "gui/clsHelpSheets.h"
 #include "gui/clsSavePictures.h"
 #include "gui/clsTopHalfPanel.h"
 #include "gui/clsViewLayout.h"
@@ -82,6 +81,11 @@ Entries FrameMain_cls::DataEntries() {
              .action = [this] { mFiles.CloseData(); },
              .isEnabled = hasData},
             kSeparator,
+            {.label = "Stop &Reading   (Esc)",
+             .help = "Give up what is being read for this frame; the next step reads on",
+             .action = [this] { mPlayback.StopReading(); },
+             .isEnabled = [this] { return mPlayback.IsSlow(); },
+             .key = WXK_ESCAPE},
             {.label = "Remove Cached &Snapshot",
              .help = "Release this frame's snapshot from memory; it is read again when it is needed",
              .action = [this] { RemoveCache(false); },
@@ -186,34 +190,11 @@ void FrameMain_cls::MakeMenus() {
                     [this] {
                         if (const wxString demo = MakeDemo(this); !demo.empty()) mFiles.Open(demo);
                     }},
-               {.label = "&Mouse and Keys",
+               {.label = "&Mouse and Keys\tF1",
                 .help = "What mouse and keys do",
-                .action = [this] { ShowMouseAndKeys(); }},
-               {.label = "&About", .help = "Which version this is", .action = [this] { ShowAbout(); }}});
+                .action = [this] { ShowMouseAndKeys(this, mContext.preference); }},
+               {.label = "&About", .help = "Which version this is, and what it runs on", .action = [this] {
+                    ShowAbout(this, mViews->GetOpenGL());
+                }}});
     mMenu.Finish();
-}
-
-void FrameMain_cls::ShowMouseAndKeys() {
-    wxMessageBox(
-        "In a view\n"
-        "    left drag\t\tturns about the anchor\n"
-        "    middle or Shift drag\tmoves the view\n"
-        "    wheel\t\tnearer or farther\n"
-        "    double click\t\tmakes a particle the anchor\n"
-        "    F, K\t\tfit to data, key the camera\n\n"
-        "Anywhere\n"
-        "    Space\t\tplay or stop\n"
-        "    Left, Right\t\tone step; Page Up, Page Down: ten\n"
-        "    Up, Down\t\tframes with keys\n"
-        "    Home, End\t\tfirst and last frame\n"
-        "    1 to 5\t\tlayouts of the views",
-        "Mouse and Keys", wxOK, this);
-}
-
-void FrameMain_cls::ShowAbout() {
-    wxAboutDialogInfo about;
-    about.SetName("Varnholt 3");
-    about.SetVersion(VARNHOLT_VERSION);
-    about.SetDescription("Animations of particle simulations");
-    wxAboutBox(about, this);
 }

@@ -1,5 +1,9 @@
 #include "gui/clsFrameStatus.h"
 
+#include <wx/bmpbuttn.h>
+#include <wx/gauge.h>
+
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
@@ -8,13 +12,20 @@
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsThreadFileReader.h"
 #include "gui/clsFrameContext.h"
+#include "gui/clsIcons.h"
+#include "gui/clsPlayback.h"
 #include "render/clsDrawOption.h"
+#include "seam/clsClock.h"
 #include "seam/clsTextCoding.h"
 #include "timeline/clsTimeCtrl.h"
 
 namespace {
 
 enum Field : int { kReading, kInstant, kDrawn, kMemory };
+
+constexpr long long kPlayingMs = 100;
+constexpr int kWhole = 100;
+const wxSize kGaugeSize(110, 10);
 
 /// As the user named it: a series with other names is read through links.
 wxString NameOf(const wxString& path) {
@@ -25,10 +36,26 @@ wxString NameOf(const wxString& path) {
 
 }  // namespace
 
-FrameStatus_cls::FrameStatus_cls(wxWindow* parent, const FrameContext_cls& context)
-    : wxStatusBar(parent, wxID_ANY, wxSTB_DEFAULT_STYLE, "status"), mContext(context) {
+FrameStatus_cls::FrameStatus_cls(wxWindow* parent, const FrameContext_cls& context, Playback_cls& playback)
+    : wxStatusBar(parent, wxID_ANY, wxSTB_DEFAULT_STYLE, "status"),
+      mContext(context),
+      mPlayback(playback),
+      mGauge(new wxGauge(this, wxID_ANY, kWhole, wxDefaultPosition, FromDIP(kGaugeSize))),
+      mStop(new wxBitmapButton(this, wxID_ANY, Icons_cls::Get("stop", *this), wxDefaultPosition,
+                               wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT, wxDefaultValidator,
+                               "Stop Reading")) {
+    SetMinHeight(mStop->GetBestSize().y);
+    mGauge->SetToolTip("How much of the snapshot has been read, in percent");
+    mStop->SetToolTip("Stop reading; the picture stays as it is (Esc)");
+    mStop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { mPlayback.StopReading(); });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        PlaceProgress();
+        event.Skip();
+    });
     constexpr std::array<int, 4> kShares = {-5, -4, -4, -3};
     SetFieldsCount(static_cast<int>(kShares.size()), kShares.data());
+    mGauge->Hide();
+    mStop->Hide();
     RefreshFromModel();
 }
 
@@ -37,10 +64,35 @@ void FrameStatus_cls::Put(int field, const wxString& text) {
 }
 
 void FrameStatus_cls::RefreshFromModel() {
+    // Every text waits for the screen; nobody reads faster than this.
+    const long long now = Clock_cls::Current().Now();
+    if (mContext.timeCtrl.IsPlaying() && now - mShownAt < kPlayingMs) return;
+    mShownAt = now;
+    ShowProgress();
     Put(kReading, Reading());
     Put(kInstant, Instant());
     Put(kDrawn, Drawn());
     Put(kMemory, Memory());
+}
+
+void FrameStatus_cls::ShowProgress() {
+    const bool slow = mPlayback.IsSlow();
+    if (slow)
+        mGauge->SetValue(std::clamp(GThreadReaderPercentage.load(std::memory_order_relaxed), 0, kWhole));
+    if (mGauge->IsShown() == slow) return;
+    PlaceProgress();
+    mGauge->Show(slow);
+    mStop->Show(slow);
+}
+
+void FrameStatus_cls::PlaceProgress() {
+    wxRect field;
+    if (!GetFieldRect(kReading, field)) return;
+    const wxSize button = mStop->GetBestSize();
+    const wxSize gauge = mGauge->GetSize();
+    const auto middle = [&field](const wxSize& size) { return field.y + (field.height - size.y) / 2; };
+    mStop->SetSize(wxRect(wxPoint(field.GetRight() - button.x, middle(button)), button));
+    mGauge->Move(field.GetRight() - button.x - gauge.x, middle(gauge));
 }
 
 wxString FrameStatus_cls::Reading() const {
@@ -51,6 +103,7 @@ wxString FrameStatus_cls::Reading() const {
         return wxString::Format("reading %s %d %%", NameOf(data.GetFilename(reading)),
                                 GThreadReaderPercentage.load(std::memory_order_relaxed));
     }
+    if (mPlayback.IsReadingStopped()) return "reading was stopped; the next step reads on";
     const int shown = mContext.timeCtrl.GetRemappedIndex();
     if (data.GetFilenameStatus(shown) == PDataSnap_cls::FileState::Unreadable)
         return data.GetFilename(shown) + " cannot be read";

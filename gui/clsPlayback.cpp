@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/clsBodyProgress.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsThreadFileReader.h"
 #include "gui/clsShownInstant.h"
@@ -17,6 +18,8 @@ namespace {
 
 /// How often the status is refreshed while a reader runs, and at the latest looked at what is to be done.
 constexpr int kReadingMs = 100;
+/// Waits that are shorter are not spoken of.
+constexpr long long kQuietMs = 200;
 /// A window that nobody sees is not painted; playback goes on without.
 constexpr long long kPaintPatienceMs = 500;
 
@@ -31,6 +34,7 @@ Playback_cls::Playback_cls(FrameContext_cls& context, ShownInstant_cls& instant,
 void Playback_cls::Start(int increment) {
     TimeCtrl_cls& time = mContext.timeCtrl;
     if (!HasData()) return;
+    ReadOn();
     // Looking at what an undo has done must not cost the redo.
     if (GCUndoList.CanRedo()) {
         time.StartPlay(increment);
@@ -43,6 +47,23 @@ void Playback_cls::Start(int increment) {
 
 void Playback_cls::Stop() {
     mContext.timeCtrl.ProcStopPlaying();
+}
+
+void Playback_cls::StopReading() {
+    mContext.timeCtrl.ProcStopPlaying();
+    mStoppedAt = mContext.timeCtrl.GetRemappedIndexDouble();
+    mAwaitedSince.reset();
+    const int reading = GThreadReaderIndex.load(std::memory_order_acquire);
+    if (reading >= 0 && GpCThreadReader.load(std::memory_order_acquire)) {
+        GbThreadReaderAbandoned.store(true, std::memory_order_relaxed);
+        mContext.seqCtrl.ClearData(PDataSeqCtrl_cls::kActive, reading, false);
+        GbThreadReaderAbandoned.store(false, std::memory_order_relaxed);
+    }
+    EventSink_cls::PostToFrame(EventSink_cls::kRefreshStatus);
+}
+
+bool Playback_cls::IsSlow() const {
+    return mAwaitedSince && Clock_cls::Current().Now() - *mAwaitedSince > kQuietMs;
 }
 
 bool Playback_cls::HasData() const {
@@ -64,11 +85,17 @@ void Playback_cls::WorkOnData() {
     const double position = time.GetRemappedIndexDouble();
     const int index = static_cast<int>(std::floor(position));
     mContext.cleanUpMemory(index);
-    if (!HasData()) return;
+    if (mStoppedAt && *mStoppedAt != position) ReadOn();
+    if (!HasData() || mStoppedAt) return;
 
     const bool ready = mInstant.IsReady();
     if (ready && !mWasReady) mViews.redraw();
     mWasReady = ready;
+    if (ready) {
+        mAwaitedSince.reset();
+    } else if (!mAwaitedSince) {
+        mAwaitedSince = Clock_cls::Current().Now();
+    }
     if (ready) TellFaults(index);
     if (GpCThreadReader.load(std::memory_order_acquire)) {
         EventSink_cls::PostToFrame(EventSink_cls::kRefreshStatus);

@@ -4,6 +4,7 @@
 #include <wx/timer.h>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "gui/clsFrameContext.h"
@@ -31,6 +32,13 @@ class Playback_cls : public wxEvtHandler {
     /// none while something can be redone. The increment's sign is the direction. Without data nothing plays.
     void Start(int increment);
     void Stop();
+    /// Gives up what is being read for the shown instant, and playing; the last picture stays. Reading goes
+    /// on when another instant is shown or ReadOn() says so.
+    void StopReading();
+    void ReadOn() { mStoppedAt.reset(); }
+    bool IsReadingStopped() const { return mStoppedAt.has_value(); }
+    /// The shown instant's data let the user wait.
+    bool IsSlow() const;
     /// One round; the window calls it when idle and after events that may have changed what is to be done.
     void Work();
 
@@ -49,4 +57,6 @@ class Playback_cls : public wxEvtHandler {
     bool mWorking = false;
     bool mWasReady = true;
     long long mSteppedAt = 0;
+    std::optional<long long> mAwaitedSince;  ///< the shown instant is not ready since then
+    std::optional<double> mStoppedAt;        ///< the data position that shall not be read
 };

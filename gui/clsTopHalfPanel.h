@@ -28,6 +28,8 @@ class TopHalfPanel_cls : public wxPanel, public SettingsView_cls {
     bool IsDrawn() const;
 
     size_t GetActive() const { return mActive; }
+    /// Which OpenGL draws the views; empty before the first picture.
+    const wxString& GetOpenGL() const { return mGL.GetWords(); }
     PanelCamera_cls& GetActiveCamera();
     MainGLCanvas_cls& GetCanvas(size_t panel);
     void ShowSettings(std::uint64_t updateBits) override;

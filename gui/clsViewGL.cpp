@@ -29,6 +29,8 @@ bool ViewGL_cls::IsDisplaySupported() {
 
 bool ViewGL_cls::Check() {
     const char* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
+    const char* renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    if (version) mWords = wxString::FromUTF8(version) + (renderer ? ", " + wxString::FromUTF8(renderer) : "");
     int major = 0;
     int minor = 0;
     if (!version || std::sscanf(version, "%d.%d", &major, &minor) != 2) return false;

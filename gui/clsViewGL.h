@@ -28,6 +28,8 @@ class ViewGL_cls {
     /// Makes the context current on a canvas that is on the screen; made at the first call. False when there
     /// is none.
     bool MakeCurrent(wxGLCanvas& canvas);
+    /// Version and renderer, once there is a context.
+    const wxString& GetWords() const { return mWords; }
     ScenePass_cls& GetPass() { return mPass; }
 
   private:
@@ -35,5 +37,6 @@ class ViewGL_cls {
 
     std::unique_ptr<CanvasContext_cls> mContext;
     ScenePass_cls mPass;
+    wxString mWords;
     bool mFailed = false;
 };

@@ -348,6 +348,30 @@ TEST_F(FrameMainGuiTest, ProjectsAndTheEndComeWhileDataAreRead) {
     EXPECT_TRUE(WaitFor([&] { return mWindow->Frame() == nullptr; }));
 }
 
+TEST_F(FrameMainGuiTest, ReadingThatIsStoppedLeavesTheRestAlone) {
+    constexpr int kMany = 500000;
+    for (const char* name : {"large0000.dat", "large0001.dat"}) {
+        mFolder.Write(name, Bytes(0.0F, kMany));
+        std::filesystem::resize_file(mFolder.File(name), 8 + 40ULL * kMany);
+    }
+    Open({});
+    const auto isRead = [&](int index) { return mWindow->Main().IsTheIndexLoaded(index); };
+    OnGui([&] { Frame().GetFiles().OpenData(wxString::FromUTF8(mFolder.File("large0000.dat"))); });
+    ASSERT_TRUE(WaitFor([&] { return isRead(0); }));
+    OnGui([&] {
+        mWindow->Context().seqCtrl.ClearData(PDataSeqCtrl_cls::kActive, PDataSequence_cls::kAll, false);
+        Frame().GetPlayback().Start(1);
+        Frame().GetPlayback().StopReading();
+    });
+    EXPECT_FALSE(OnGui([&] { return Time().IsPlaying() || isRead(0); }));
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    EXPECT_TRUE(OnGui([&] { return Frame().GetPlayback().IsReadingStopped() && !isRead(0); }));
+    mUser.Press("Right");
+    ASSERT_TRUE(WaitFor([&] { return isRead(1); }));
+    mUser.Press("Left");
+    EXPECT_TRUE(WaitFor([&] { return isRead(0); }));
+}
+
 TEST_F(FrameMainGuiTest, WhatIsNoProjectOpensNothing) {
     const std::string picture =
         mFolder.Write("picture.vhp", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
