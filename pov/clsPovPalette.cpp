@@ -16,10 +16,22 @@ float Clamped(float value) {
 
 }  // namespace
 
-std::size_t PovPalette_cls::Hash::operator()(const Key& key) const {
+/// The entry of the key, or the free one where it belongs.
+PovPalette_cls::Entry& PovPalette_cls::EntryOf(const Key& key) {
     constexpr uint64_t kMix = 0x9e3779b97f4a7c15ULL;
     const uint64_t hash = (((key.a * kMix) ^ key.b) * kMix ^ key.c) * kMix;
-    return static_cast<std::size_t>(hash ^ (hash >> 32));
+    std::size_t place = (hash >> 32U) & (mTable.size() - 1);
+    while (!mTable[place].key.IsEmpty() && !(mTable[place].key == key))
+        place = (place + 1) & (mTable.size() - 1);
+    return mTable[place];
+}
+
+void PovPalette_cls::Grow() {
+    std::vector<Entry> old(2 * mTable.size());
+    old.swap(mTable);
+    for (const Entry& entry : old) {
+        if (!entry.key.IsEmpty()) EntryOf(entry.key) = entry;
+    }
 }
 
 PovPalette_cls::Key PovPalette_cls::KeyOf(const PovLook_cls& look) const {
@@ -45,14 +57,12 @@ uint32_t PovPalette_cls::Find(PovLook_cls look) {
     for (float& value : look.specular) value = Clamped(value);
     if (!mLooks.empty() && look == mLast) return mLastNumber;
     const Key key = KeyOf(look);
-    Recent& recent = mRecent[Hash()(key) % mRecent.size()];
-    if (!(recent.key == key)) {
-        const auto number = static_cast<uint32_t>(mLooks.size());
-        const auto [place, isNew] = mNumbers.try_emplace(key, number);
-        if (isNew) mLooks.push_back(look);
-        recent = {key, place->second};
-    }
+    Entry& entry = EntryOf(key);
     mLast = look;
-    mLastNumber = recent.number;
+    if (!entry.key.IsEmpty()) return mLastNumber = entry.number;
+    mLastNumber = static_cast<uint32_t>(mLooks.size());
+    entry = {key, mLastNumber};
+    mLooks.push_back(look);
+    if (2 * mLooks.size() > mTable.size()) Grow();
     return mLastNumber;
 }

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 /// What makes a particle look as it does in the picture. Colours 0 to 1, alpha last.
@@ -38,25 +37,24 @@ class PovPalette_cls {
     const std::vector<PovLook_cls>& GetLooks() const { return mLooks; }
 
   private:
+    /// No look's key is all zeros.
     struct Key {
         uint64_t a = 0, b = 0, c = 0;
         bool operator==(const Key&) const = default;
+        bool IsEmpty() const { return c == 0; }
     };
-    struct Hash {
-        std::size_t operator()(const Key& key) const;
+    struct Entry {
+        Key key;
+        uint32_t number = 0;
     };
     Key KeyOf(const PovLook_cls& look) const;
+    Entry& EntryOf(const Key& key);
+    void Grow();
 
     float mColorSteps;
     bool mIsFine;
     std::vector<PovLook_cls> mLooks;
-    std::unordered_map<Key, uint32_t, Hash> mNumbers;
-    /// Numbers found lately, so that most particles need no search. No key is all zeros.
-    struct Recent {
-        Key key{};
-        uint32_t number = 0;
-    };
-    std::vector<Recent> mRecent{1024};
-    PovLook_cls mLast;  ///< neighbours in a file often look alike
+    std::vector<Entry> mTable{1024};  ///< by hash; at most half of it is used
+    PovLook_cls mLast;                ///< neighbours in a file often look alike
     uint32_t mLastNumber = 0;
 };

@@ -5,8 +5,9 @@
 
 namespace {
 
-/// Entries that one thread writes in one go.
-constexpr size_t kTextPiece = 4096;
+/// Entries that one thread writes in one go, and how often in one step.
+constexpr size_t kTextPiece = 1024;
+constexpr size_t kStepPieces = 128;
 /// The particle that will be written after this many others is fetched from memory ahead of time.
 constexpr size_t kPrefetchAhead = 16;
 /// Smaller radii need more digits than seven behind the point.
@@ -46,7 +47,7 @@ bool PovParticleText_cls::Step(PovText_cls& text) {
     const Stage& stage = mStages[mStage];
     if (mDone == 0 && stage.open) (this->*stage.open)(text);
     const size_t begin = mDone;
-    mDone = std::min(begin + kTextPiece * mPieces.size(), stage.count);
+    mDone = std::min(begin + kTextPiece * kStepPieces, stage.count);
     const auto make = [this, &stage, begin](size_t piece, size_t slot) {
         const size_t from = begin + piece * kTextPiece;
         mPieces[slot].Clear();

@@ -11,80 +11,82 @@
 
 namespace {
 
-constexpr size_t kMostThreads = 8;
+constexpr size_t kMostThreads = PieceWork_cls::kSlots / 2;
 
-/// As many pieces as there are slots.
-class Round_cls {
+/// What is made and what is taken. Threads: MakeOne() on all, the rest on the caller's.
+class Progress_cls {
   public:
-    Round_cls(size_t first, size_t count, const PieceWork_cls::Function& make)
-        : mFirst(first), mCount(count), mMake(make) {}
+    Progress_cls(size_t pieces, const PieceWork_cls::Function& make) : mPieces(pieces), mMake(make) {}
 
-    /// Makes the next piece; false when none is left.
+    /// Makes the next piece; false when none is left, or no slot is free.
     bool MakeOne() {
-        const size_t slot = mNext.fetch_add(1, std::memory_order_relaxed);
-        if (slot >= mCount) return false;
+        size_t piece = mNext.load(std::memory_order_relaxed);
+        do {
+            if (piece >= std::min(mPieces, mTaken.load(std::memory_order_acquire) + kSlots)) return false;
+        } while (!mNext.compare_exchange_weak(piece, piece + 1, std::memory_order_relaxed));
+        const size_t slot = piece % kSlots;
         try {
-            mMake(mFirst + slot, slot);
+            mMake(piece, slot);
         } catch (...) {
             mErrors[slot] = std::current_exception();
         }
-        mMade[slot].store(true, std::memory_order_release);
+        mMade[slot].store(piece + 1, std::memory_order_release);
         return true;
     }
-    /// Throws what the piece threw.
-    bool IsMade(size_t slot) const {
-        if (!mMade[slot].load(std::memory_order_acquire)) return false;
+    /// Takes the next piece over; false while it is not made. Throws what the piece threw.
+    bool TakeOne(const PieceWork_cls::Function& take) {
+        const size_t piece = mTaken.load(std::memory_order_relaxed);
+        const size_t slot = piece % kSlots;
+        if (mMade[slot].load(std::memory_order_acquire) != piece + 1) return false;
         if (mErrors[slot]) std::rethrow_exception(mErrors[slot]);
+        take(piece, slot);
+        mTaken.store(piece + 1, std::memory_order_release);
         return true;
     }
+    bool IsOver() const { return mTaken.load(std::memory_order_relaxed) == mPieces; }
 
   private:
-    const size_t mFirst;
-    const size_t mCount;
+    static constexpr size_t kSlots = PieceWork_cls::kSlots;
+
+    const size_t mPieces;
     const PieceWork_cls::Function& mMake;
     std::atomic<size_t> mNext{0};
-    std::array<std::atomic<bool>, PieceWork_cls::kSlots> mMade{};
-    std::array<std::exception_ptr, PieceWork_cls::kSlots> mErrors;
+    std::atomic<size_t> mTaken{0};
+    std::array<std::atomic<size_t>, kSlots> mMade{};  ///< number of the piece in the slot, and one
+    std::array<std::exception_ptr, kSlots> mErrors;
 };
 
+/// Makes pieces until none is left. One that runs far ahead of the caller gives up: then it is not the pieces
+/// that take the time.
 class Helper_cls final : public JoinedThread_cls {
   public:
-    explicit Helper_cls(Round_cls& round) : mRound(round) {}
+    explicit Helper_cls(Progress_cls& progress) : mProgress(progress) {}
     ~Helper_cls() override { Join(); }
     ExitCode Entry() override {
-        while (mRound.MakeOne()) {
+        while (mProgress.MakeOne()) {
         }
         return nullptr;
     }
 
   private:
-    Round_cls& mRound;
+    Progress_cls& mProgress;
 };
-
-void RunRound(size_t first, size_t count, const PieceWork_cls::Function& make,
-              const PieceWork_cls::Function& take) {
-    Round_cls round(first, count, make);
-    const auto processors = static_cast<size_t>(std::max(wxThread::GetCPUCount(), 1));
-    std::vector<std::unique_ptr<Helper_cls>> helpers(std::min({processors, kMostThreads, count}) - 1);
-    for (auto& helper : helpers) {
-        helper = std::make_unique<Helper_cls>(round);
-        // Without a helper the caller does its share.
-        helper->Start();
-    }
-    for (size_t slot = 0; slot < count;) {
-        if (round.IsMade(slot)) {
-            take(first + slot, slot);
-            ++slot;
-        } else if (!round.MakeOne()) {
-            // The others are at their last pieces.
-            for (const auto& helper : helpers) helper->Join();
-        }
-    }
-}
 
 }  // namespace
 
 void PieceWork_cls::Run(size_t pieces, const Function& make, const Function& take) {
-    for (size_t first = 0; first < pieces; first += kSlots)
-        RunRound(first, std::min(kSlots, pieces - first), make, take);
+    if (pieces == 0) return;
+    Progress_cls progress(pieces, make);
+    const auto processors = static_cast<size_t>(std::max(wxThread::GetCPUCount(), 1));
+    std::vector<std::unique_ptr<Helper_cls>> helpers(std::min({processors, kMostThreads, pieces}) - 1);
+    for (auto& helper : helpers) {
+        helper = std::make_unique<Helper_cls>(progress);
+        // Without a helper the caller does its share.
+        helper->Start();
+    }
+    while (!progress.IsOver()) {
+        if (progress.TakeOne(take) || progress.MakeOne()) continue;
+        // The others are at the pieces that come next; after those the caller works alone.
+        for (const auto& helper : helpers) helper->Join();
+    }
 }

@@ -9,8 +9,8 @@
 /// returns when all threads have ended. Failure: what a piece throws is thrown by Run().
 class PieceWork_cls {
   public:
-    /// Results are kept in slots until they are taken: so many at most.
-    static constexpr size_t kSlots = 32;
+    /// Results are kept in slots until they are taken: so few that they stay in the processor's cache.
+    static constexpr size_t kSlots = 16;
     using Function = std::function<void(size_t piece, size_t slot)>;
 
     static void Run(size_t pieces, const Function& make, const Function& take);
