@@ -46,7 +46,9 @@ FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSe
 FrameFiles_cls::~FrameFiles_cls() = default;
 
 bool FrameFiles_cls::IsModified() const {
-    return mRecovered || GCUndoList.IsModified();
+    // Undone back to the empty window of the start there is nothing that could be saved.
+    const bool empty = mProject.empty() && !GCUndoList.CanUndo() && GCUndoList.CanRedo();
+    return mRecovered || (GCUndoList.IsModified() && !empty);
 }
 
 wxString FrameFiles_cls::GetTitle() const {

@@ -189,7 +189,7 @@ void FrameMain_cls::PlaceWindow() {
     if (!seen) {
         const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
         const wxSize wanted = FromDIP(kFirstSize);
-        SetSize(wxSize(std::min(wanted.x, screen.x), std::min(wanted.y, screen.y)));
+        SetClientSize(wxSize(std::min(wanted.x, screen.x), std::min(wanted.y, screen.y)));
         // The window manager's frame does not fit around it.
         if (screen.x <= wanted.x || screen.y <= wanted.y) Maximize();
     } else {
