@@ -11,6 +11,7 @@
 
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "gui/clsDataOpening.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFaultBar.h"
 #include "gui/clsFrameParts.h"
@@ -106,6 +107,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
     mContext.applyPreferences();
     MakeParts();
     ConnectColorCurves(this, mContext);
+    ConnectSeriesProgress(this);
     MakeMenus();
     PlaceWindow();
     SetDropTarget(new DropTarget_cls(*this));  // the window owns it
@@ -187,7 +189,7 @@ void FrameMain_cls::PlaceWindow() {
     if (!seen) {
         const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
         const wxSize wanted = FromDIP(kFirstSize);
-        SetSize(wxSize(std::min(wanted.x, screen.x), std::min(wanted.y, screen.y)));
+        SetClientSize(wxSize(std::min(wanted.x, screen.x), std::min(wanted.y, screen.y)));
         // The window manager's frame does not fit around it.
         if (screen.x <= wanted.x || screen.y <= wanted.y) Maximize();
     } else {

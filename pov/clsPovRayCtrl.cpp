@@ -224,29 +224,31 @@ bool PovRayCtrl_cls::ProcessRenderPovAnim() {
 }
 
 void PovRayCtrl_cls::ProcessWriting() {
-    const int frame = mFrames[IsWriting() ? mNext - 1 : mNext];
     if (!IsWriting()) {
-        const wxString error = BeginFrame(frame, mSeries, mNext == 0);
+        mFrame = mFrames[mNext];
+        const wxString error = BeginFrame(mFrame, mSeries, mNext == 0);
+        // All may have been aborted while data were awaited.
+        if (mFrames.empty()) return mScene.reset();
         ++mNext;
-        if (!error.empty() || !mScene) return TakeWritten(frame, error);
+        if (!error.empty() || !mScene) return TakeWritten(error);
     }
     const long long start = Clock_cls::Current().Now();
     while (mScene->Step()) {
         if (mProgress) mProgress(mScene->GetShare());
         if (!IsWriting() || Clock_cls::Current().Now() - start > kSliceMs) return;
     }
-    TakeWritten(frame, {});
+    TakeWritten({});
 }
 
-void PovRayCtrl_cls::TakeWritten(int frame, const wxString& error) {
-    const wxString problem = error.empty() ? EndFrame(frame, mSeries) : error;
+void PovRayCtrl_cls::TakeWritten(const wxString& error) {
+    const wxString problem = error.empty() ? EndFrame(mFrame, mSeries) : error;
     if (problem.empty() && mIsRendered) {
-        if (mSeries == Series::Anim) return mPool.Start(MakeJob(frame, mSeries));
-        RenderByPovSnap(frame);
+        if (mSeries == Series::Anim) return mPool.Start(MakeJob(mFrame, mSeries));
+        RenderByPovSnap(mFrame);
         return;
     }
     ++mDone;
-    Tell({frame, problem.empty() ? GetFileStr(frame, mSeries) + ".pov" : wxString(), problem});
+    Tell({mFrame, problem.empty() ? GetFileStr(mFrame, mSeries) + ".pov" : wxString(), problem});
 }
 
 void PovRayCtrl_cls::AbortRenderPovAnim() {

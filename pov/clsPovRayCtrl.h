@@ -130,7 +130,7 @@ class PovRayCtrl_cls {
     /// The last of the frame's files. Empty, or what went wrong with any of them.
     wxString EndFrame(int frame, Series series);
     void ProcessWriting();
-    void TakeWritten(int frame, const wxString& error);
+    void TakeWritten(const wxString& error);
 
     ConfItemList_cls mPathItems;
     ConfItemList_cls mItems;
@@ -150,5 +150,6 @@ class PovRayCtrl_cls {
     Series mSeries = Series::Snap;
     bool mIsRendered = true;
     std::unique_ptr<PovSceneFile_cls> mScene;  ///< what is being written
+    int mFrame = 0;                            ///< the frame whose files are written
     PovRenderPool_cls mPool{*this};
 };

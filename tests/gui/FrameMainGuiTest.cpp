@@ -149,7 +149,8 @@ TEST_F(FrameMainGuiTest, UndoTakesTheWholeOpeningBackAndPlayingKeepsTheRedo) {
     EXPECT_NE(OnGui([] { return GCUndoList.GetRedoName(); }), "");
     mUser.Press("ctrl+z");
     ASSERT_TRUE(WaitFor([] { return !GCUndoList.CanUndo(); }));
-    // Nothing is left to count or to play.
+    // Nothing is left to save, to count or to play.
+    EXPECT_FALSE(OnGui([&] { return Frame().GetFiles().IsModified(); }));
     EXPECT_TRUE(WaitFor([&] { return mWindow->Main().GetUsedTotalMemoryMB() == 0; }));
     mUser.Press("space");
     mUser.Press("ctrl+shift+z");
