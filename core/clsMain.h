@@ -123,7 +123,7 @@ class Main_cls {
     wxString mConfigPath;
     const std::shared_ptr<ParamHost_cls> mParamHost = std::make_shared<ParamHost_cls>();
     DrawOption_cls mDrawOption;
-    // FilterCtrl_cls; Exposure_cls, Information_cls, Overlay_cls
+    // FilterCtrl_cls; Exposure_cls, Overlay_cls
     PDataSeqCtrl_cls mSeqCtrl;
     DataLoader_cls mDataLoader;
     DataExporter_cls mDataExporter;
@@ -143,7 +143,7 @@ class Main_cls {
     ColorCurveCtrl_cls mColorCurveCtrl;
     // TexPropertyCtrl_cls
     PovRayCtrl_cls mPovRayCtrl;
-    // ImgSequence_cls, StereoGram_cls
+    // StereoGram_cls
     ParamGroup_cls mCameraGroup{"Camera Path"};
     ParamGroup_cls mLightGroup{"Light Sources"};
     // Scene_cls

@@ -5,7 +5,7 @@
 
 #include "data/clsDataName.h"
 #include "data/clsParticleBuffer.h"
-#include "data/clsSeriesFolder.h"
+#include "data/clsSeriesRestore.h"
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
 #include "render/clsGLAttribute.h"
@@ -31,8 +31,7 @@ PDataSequence_cls::~PDataSequence_cls() {
 }
 
 void PDataSequence_cls::OpenDataFile(const wxString& path) {
-    SeriesFolder_cls::Refresh(path);
-    mFiles.Set(path);
+    mFiles.Set(SeriesRestore_cls::Restore(path));
     mFiles.CalcMaxOffset();
     SetIndividualFilenames();
 }

@@ -60,11 +60,10 @@ std::string Encoded(const std::string& path) {
     return Replaced(path, "%", "%25");
 }
 
-/// The file that a folder below the root was made for.
-fs::path SourceOf(const fs::path& folder, const fs::path& root) {
-    std::string name = "/" + folder.lexically_relative(root).string();
+/// The file that a folder below a root was made for, by the folder's path behind that root.
+fs::path SourceOf(std::string name) {
     if (name.ends_with(kStepsTag)) name.resize(name.size() - std::string_view(kStepsTag).size());
-    return Replaced(name, "%25", "%");
+    return Replaced(std::move(name), "%25", "%");
 }
 
 /// Removes what is stale below a folder, and the folder when it is empty then.
@@ -80,7 +79,8 @@ void RemoveStaleBelow(const fs::path& folder, const fs::path& root) {
     }
     const bool isPart = folder.filename().string().find(SeriesFolder_cls::kPartTag) != std::string::npos;
     if (isSeries || isPart) {
-        if (IsOld(folder) && (isPart || !fs::exists(SourceOf(folder, root), failed)))
+        if (IsOld(folder) &&
+            (isPart || !fs::exists(SourceOf("/" + folder.lexically_relative(root).string()), failed)))
             fs::remove_all(folder, failed);
         return;
     }
@@ -91,7 +91,7 @@ void RemoveStaleBelow(const fs::path& folder, const fs::path& root) {
 
 }  // namespace
 
-SeriesFolder_cls::SeriesFolder_cls(const wxString& file, Content content) {
+SeriesFolder_cls::SeriesFolder_cls(const wxString& file, Content content) : mContent(content) {
     std::error_code failed;
     const fs::path absolute = fs::absolute(ToBytes(file), failed).lexically_normal();
     const std::string name = absolute.filename().string();
@@ -141,22 +141,21 @@ wxString SeriesFolder_cls::MakeLinks(const SeriesNames_cls& names) const {
     return failed ? mPath + ": " + FromBytes(failed.message()) : wxString();
 }
 
-void SeriesFolder_cls::Refresh(const wxString& path) {
-    const wxString root = GetRoot();
-    if (!path.StartsWith(root + "/")) return;
-    const fs::path folder = fs::path(ToBytes(path)).parent_path();
-    const fs::path source = SourceOf(folder, ToBytes(root));
+std::optional<SeriesFolder_cls> SeriesFolder_cls::Of(const wxString& path) {
+    const std::string bytes = ToBytes(path);
+    const size_t root = bytes.find(std::string(kRootName) + "/");
+    if (root == std::string::npos) return std::nullopt;
     std::error_code failed;
-    if (folder.string().ends_with(kStepsTag) || !fs::exists(source, failed)) return;
-    const wxString file = FromBytes(source.string());
-    // A folder that cannot be written shows in the series that is opened next: it is short, or not there.
-    SeriesFolder_cls(file, Content::Links).MakeLinks(SeriesNames_cls::Find(file));
+    if (!path.StartsWith(GetRoot() + "/") && fs::exists(bytes, failed)) return std::nullopt;
+    const std::string folder =
+        fs::path(bytes.substr(root + std::string_view(kRootName).size())).parent_path();
+    return SeriesFolder_cls(FromBytes(SourceOf(folder).string()),
+                            folder.ends_with(kStepsTag) ? Content::Steps : Content::Links);
 }
 
 wxString SeriesFolder_cls::GetSource(const wxString& path) {
-    const wxString root = GetRoot();
-    if (!path.StartsWith(root + "/")) return path;
-    return FromBytes(SourceOf(fs::path(ToBytes(path)).parent_path(), ToBytes(root)).string());
+    const auto folder = Of(path);
+    return folder ? folder->GetFile() : path;
 }
 
 void SeriesFolder_cls::RemoveStale() {

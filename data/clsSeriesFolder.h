@@ -2,6 +2,7 @@
 
 #include <wx/string.h>
 
+#include <optional>
 #include <string>
 
 #include "data/clsSeriesNames.h"
@@ -32,10 +33,11 @@ class SeriesFolder_cls {
     /// grown is opened as fast as one that has not. Empty, or why it failed.
     wxString MakeLinks(const SeriesNames_cls& names) const;
 
-    /// The links of a path below the root are made anew when they are missing or the series has grown. Does
-    /// nothing for any other path, and for steps of a file.
-    static void Refresh(const wxString& path);
-    /// The file that a path below the root was made for; any other path as it is.
+    /// The folder of this user that a path names: one below the root, or one that is not there below the root
+    /// of somebody else, from whom a project may come. None for any other path.
+    static std::optional<SeriesFolder_cls> Of(const wxString& path);
+    bool IsOfSteps() const { return mContent == Content::Steps; }
+    /// The file that a path below a root was made for; any other path as it is.
     static wxString GetSource(const wxString& path);
     /// Removes folders whose files are gone for a month, and what killed runs left.
     static void RemoveStale();
@@ -46,6 +48,7 @@ class SeriesFolder_cls {
     static constexpr const char* kPartTag = ".part-";
 
   private:
+    Content mContent;
     wxString mFile;  ///< absolute
     wxString mPath;
     std::string mMemberPrefix;

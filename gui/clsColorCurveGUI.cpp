@@ -16,6 +16,8 @@
 
 namespace {
 
+/// Between two gatherings of a frame's values.
+constexpr int kHistogramMs = 150;
 /// The part of the values that the narrower range leaves out at each end.
 constexpr double kTail = 0.01;
 
@@ -30,6 +32,9 @@ ColorCurveGUI_cls::ColorCurveGUI_cls(wxWindow* parent, ColorCurveCtrl_cls& ctrl,
     mKeyPage = MakeKeyPage();
     auto* templates = new ColorCurveTemplate_cls(this, [this](const ColorCurve_cls& source) {
         if (ColorCurve_cls* curve = mCtrl.GetLinked()) ColorCurveEdit_cls(*curve).ApplyTemplate(source);
+    });
+    mHistogramTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+        if (IsShownOnScreen()) UpdateHistogram();
     });
     mCanvas->SetObserver([this] { mKeyPage->RefreshFromModel(); });
 
@@ -199,8 +204,17 @@ void ColorCurveGUI_cls::SetRange(const ValueHistogram_cls::Range& range) {
 
 void ColorCurveGUI_cls::UpdateHistogram() {
     const ColorCurve_cls* curve = mCtrl.GetLinked();
-    mHistogram = curve ? ValueHistogram_cls(mCtrl.GetValues(*curve)) : ValueHistogram_cls();
+    ColorCurveCtrl_cls::Values values = curve ? mCtrl.GetValues(*curve) : std::vector<float>();
+    if (!values) {
+        UpdateHistogramSoon();
+        return;
+    }
+    mHistogram = ValueHistogram_cls(std::move(*values));
     mCanvas->SetHistogram(&mHistogram);
+}
+
+void ColorCurveGUI_cls::UpdateHistogramSoon() {
+    if (!mHistogramTimer.IsRunning()) mHistogramTimer.StartOnce(kHistogramMs);
 }
 
 void ColorCurveGUI_cls::ShowLinked() {
@@ -208,14 +222,13 @@ void ColorCurveGUI_cls::ShowLinked() {
     const auto place = std::ranges::find(mCurves, curve);
     mChoice->SetSelection(place == mCurves.end() ? wxNOT_FOUND : static_cast<int>(place - mCurves.begin()));
     mCanvas->SetCurve(curve);
-    ShowSettings(kAll);
+    ShowSettings(0);
+    UpdateHistogram();
 }
 
 void ColorCurveGUI_cls::ShowSettings(std::uint64_t updateBits) {
-    // The values of a frame are millions: they are not gathered for a window that nobody sees, nor while keys
-    // are dragged.
     constexpr std::uint64_t kOtherValues = CommandItem_cls::kUpdateTime | CommandItem_cls::kUpdatePanels;
-    if (IsShownOnScreen() && (updateBits & kOtherValues) != 0) UpdateHistogram();
+    if ((updateBits & kOtherValues) != 0) UpdateHistogramSoon();
     mCanvas->Refresh();
     mKeyPage->RefreshFromModel();
     mScalingPage->RefreshFromModel();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/panel.h>
+#include <wx/timer.h>
 
 #include "gui/clsSetting.h"
 #include "gui/clsSettingsView.h"
@@ -34,7 +35,9 @@ class ColorCurveGUI_cls : public wxPanel, public SettingsView_cls {
     SettingsPage_cls* MakeScalingPage();
     wxSizer* MakeChoice();
     wxSizer* MakeButtons();
+    /// At once, as far as the frame is ready, or soon: values are millions, and while playing there are many.
     void UpdateHistogram();
+    void UpdateHistogramSoon();
     void SetRange(const ValueHistogram_cls::Range& range);
 
     /// A part of the linked curve as a setting; `empty` is shown without a curve.
@@ -46,6 +49,7 @@ class ColorCurveGUI_cls : public wxPanel, public SettingsView_cls {
     ColorCurveCtrl_cls& mCtrl;
     const Curves mCurves;
     ValueHistogram_cls mHistogram;
+    wxTimer mHistogramTimer;
     wxChoice* mChoice = nullptr;
     ColorCurveCanvas_cls* mCanvas = nullptr;
     SettingsPage_cls* mKeyPage = nullptr;

@@ -77,7 +77,6 @@ DataLoaderGUI_cls::DataLoaderGUI_cls(wxWindow* parent, LoadDraft_cls& draft)
     const wxRect screen = wxDisplay(this).GetClientArea();
     SetSize(wxSize(std::min(FromDIP(kLoaderWidth), screen.width - kDesktop),
                    std::min(FromDIP(kLoaderHeight), screen.height - kDesktop)));
-    CentreOnParent();
     SetDropTarget(new FileDrop(*this));
     Bind(wxEVT_BUTTON, &DataLoaderGUI_cls::TryToOpen, this, wxID_OK);
     ShowDraft();
@@ -182,7 +181,7 @@ SettingsPage_cls* DataLoaderGUI_cls::MakeSettings() {
           "fly through it"),
         BindDraft<bool>(mDraft.mUseBox));
     AddTransforms(*page);
-    page->SetMinSize(wxSize(FromDIP(kSettingsWidth), -1));
+    page->SetMinSize(wxSize(std::max(FromDIP(kSettingsWidth), page->GetBestSize().x), -1));
     return page;
 }
 

@@ -3,6 +3,7 @@
 #include <wx/progdlg.h>
 #include <wx/translation.h>
 #include <wx/utils.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 #include <memory>
@@ -10,12 +11,14 @@
 #include "data/clsBodyProgress.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsSeriesFolder.h"
+#include "data/clsSeriesRestore.h"
 #include "data/clsStepSplitter.h"
 #include "gui/clsDataLoaderGUI.h"
 #include "gui/clsFirstColors.h"
 #include "gui/clsFrameContext.h"
 #include "gui/clsSetting.h"
 #include "interp/clsPeriodicBoundary.h"
+#include "render/clsColorCurve.h"
 #include "seam/clsClock.h"
 #include "seam/clsUserMessage.h"
 
@@ -32,15 +35,18 @@ std::unique_ptr<wxProgressDialog> ShowProgress(wxWindow* parent, const wxString&
         title, words, kWhole, parent, wxPD_APP_MODAL | wxPD_CAN_ABORT | wxPD_SMOOTH | wxPD_REMAINING_TIME);
 }
 
-/// The files to open instead of the chosen one; empty when that failed or was cancelled.
-wxString SplitSteps(wxWindow* parent, const wxString& path) {
-    std::unique_ptr<wxProgressDialog> dialog;
-    const auto result = StepSplitter_cls::Split(path, [&](uint64_t done, uint64_t all) {
+/// Its dialog is there until the last copy of it is gone.
+StepSplitter_cls::Progress SplitProgress(wxWindow* parent, const wxString& path) {
+    return [parent, path, dialog = std::shared_ptr<wxProgressDialog>()](uint64_t done, uint64_t all) mutable {
         if (!dialog) dialog = ShowProgress(parent, _("Splitting into a series"), path);
         const auto part = static_cast<int>(kWhole * done / std::max<uint64_t>(all, 1));
         return dialog->Update(std::min(part, kWhole - 1));
-    });
-    dialog.reset();
+    };
+}
+
+/// The files to open instead of the chosen one; empty when that failed or was cancelled.
+wxString SplitSteps(wxWindow* parent, const wxString& path) {
+    const auto result = StepSplitter_cls::Split(path, SplitProgress(parent, path));
     if (!result.words.empty()) UserMessage_cls::Tell(_("Warning"), result.words);
     return result.first;
 }
@@ -77,16 +83,17 @@ void SetBox(PeriodicBoundary_cls& periodic, const LoadPreset_cls::Box& box) {
     SetLike("Periodic Box", periodic, wanted);
 }
 
-/// False when it cannot be read, or the user does not want to wait.
-bool WaitForFirstSnapshot(wxWindow* parent, PDataSeqCtrl_cls& sequences) {
+/// False when it cannot be read, or the user does not want to wait. `rates` waits until it is interpolated
+/// too: velocities are then those that will be drawn, which may be other than the file's.
+bool WaitForFirstSnapshot(wxWindow* parent, PDataSeqCtrl_cls& sequences, bool rates) {
     PDataSequence_cls& sequence = sequences.GetActive();
     if (sequence.GetSeqLength() == 0) return false;
     std::unique_ptr<wxProgressDialog> dialog;
     bool cancelled = false;
     const auto isDone = [&] {
         // Another snapshot may be under way: asked again, this one is begun behind it.
-        sequences.PrepareIndex(0, 0.0, false, false);
-        return cancelled || sequences.IsTheIndexReady(0, 0.0, false);
+        sequences.PrepareIndex(0, 0.0, rates, false);
+        return cancelled || sequences.IsTheIndexReady(0, 0.0, rates);
     };
     PollUntil(isDone, kOpeningPeriodMs, [&](int round) {
         if (round < kQuietRounds) return;
@@ -97,6 +104,12 @@ bool WaitForFirstSnapshot(wxWindow* parent, PDataSeqCtrl_cls& sequences) {
 }
 
 }  // namespace
+
+void ConnectSeriesProgress(wxWindow* frame) {
+    SeriesRestore_cls::SetProgress([frame = wxWeakRef<wxWindow>(frame)](const wxString& path) {
+        return SplitProgress(frame.get(), path);
+    });
+}
 
 bool OpenDraft(wxWindow* parent, FrameContext_cls& context, const LoadDraft_cls& draft) {
     const wxString path = MakeSeries(parent, draft);
@@ -109,7 +122,8 @@ bool OpenDraft(wxWindow* parent, FrameContext_cls& context, const LoadDraft_cls&
     if (draft.mColors == LoadDraft_cls::kColorByType) {
         ColorByType(context.seqCtrl.GetActive(), context.drawOption);
     } else if (draft.mColors == LoadDraft_cls::kColorByValue &&
-               WaitForFirstSnapshot(parent, context.seqCtrl)) {
+               WaitForFirstSnapshot(parent, context.seqCtrl,
+                                    FirstValue(context.dataLoader) == ColorCurve_cls::kVelocity)) {
         if (const SnapData_cls* first = context.prepareState(0.0))
             ColorByValue(context.seqCtrl.GetActive(), *first, context.drawOption, context.dataLoader);
     }

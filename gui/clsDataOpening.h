@@ -5,6 +5,9 @@
 class wxWindow;
 struct FrameContext_cls;
 
+/// A project whose series has to be made again shows its progress over this window.
+void ConnectSeriesProgress(wxWindow* frame);
+
 /// The entry to opening data in the window. Shows the loader dialog, with a file in it that was dropped or
 /// named or with the one opened last, and opens what the user decides as one step of the undo list. True when
 /// data were opened. Threads: GUI thread.

@@ -77,14 +77,16 @@ void ConnectColorCurves(wxWindow* frame, FrameContext_cls& context) {
     context.colorCurveCtrl.SetObserver([frame, &context] {
         if (context.colorCurveCtrl.GetLinked()) OpenColorCurveEditor(frame, context);
     });
-    context.colorCurveCtrl.SetValueSource([&context](const ColorCurve_cls& curve) -> std::vector<float> {
-        const double position = context.timeCtrl.GetRemappedIndexDouble(-1, -1);
-        const int index = static_cast<int>(position);
-        const bool ready =
-            context.seqCtrl.IsTheIndexReady(index, position - index, context.timeCtrl.IsInterpolateAlways());
-        // The window is not to wait for a histogram.
-        const SnapData_cls* state = ready ? context.prepareState(position) : nullptr;
-        if (!state) return {};
-        return CollectCurveValues(curve, context.seqCtrl.GetActive(), *state, context.drawOption);
-    });
+    context.colorCurveCtrl.SetValueSource(
+        [&context](const ColorCurve_cls& curve) -> ColorCurveCtrl_cls::Values {
+            const double position = context.timeCtrl.GetRemappedIndexDouble(-1, -1);
+            const int index = static_cast<int>(position);
+            const bool ready = context.seqCtrl.IsTheIndexReady(index, position - index,
+                                                               context.timeCtrl.IsInterpolateAlways());
+            // The window is not to wait for a histogram.
+            if (!ready) return std::nullopt;
+            const SnapData_cls* state = context.prepareState(position);
+            if (!state) return std::vector<float>();
+            return CollectCurveValues(curve, context.seqCtrl.GetActive(), *state, context.drawOption);
+        });
 }

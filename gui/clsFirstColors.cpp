@@ -37,7 +37,7 @@ struct Part {
 /// Points and billboards show the first, spheres the others. Highlights keep theirs.
 constexpr Part kParts[] = {{SnapAttribute_cls::kColor, 1.0F},
                            {SnapAttribute_cls::kAmbient, 0.25F},
-                           {SnapAttribute_cls::kDiffuse, 0.9F}};
+                           {SnapAttribute_cls::kDiffuse, 1.0F}};
 
 void SetConstantColor(ColorCurve_cls& curve, Color4 color, float light) {
     for (size_t channel = 0; channel < 3; ++channel) color[channel] *= light;

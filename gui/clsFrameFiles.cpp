@@ -9,6 +9,7 @@
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "data/clsSeriesFolder.h"
 #include "gui/clsDataOpening.h"
 #include "gui/clsFrameSettings.h"
 #include "seam/clsUserMessage.h"
@@ -53,7 +54,7 @@ bool FrameFiles_cls::IsModified() const {
 wxString FrameFiles_cls::GetTitle() const {
     wxString title = IsModified() ? "*" : "";
     title += mProject.empty() ? wxString("untitled") : wxFileName(mProject).GetFullName();
-    const wxString data = mContext.seqCtrl.GetActive().GetFiles().GetPath();
+    const wxString data = SeriesFolder_cls::GetSource(mContext.seqCtrl.GetActive().GetFiles().GetPath());
     if (!data.empty()) title += L" \u2013 " + wxFileName(data).GetFullName();
     return title + L" \u2013 " + kProgram;
 }

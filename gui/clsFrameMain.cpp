@@ -11,6 +11,7 @@
 
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsPreference.h"
+#include "gui/clsDataOpening.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFaultBar.h"
 #include "gui/clsFrameParts.h"
@@ -106,6 +107,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
     mContext.applyPreferences();
     MakeParts();
     ConnectColorCurves(this, mContext);
+    ConnectSeriesProgress(this);
     MakeMenus();
     PlaceWindow();
     SetDropTarget(new DropTarget_cls(*this));  // the window owns it

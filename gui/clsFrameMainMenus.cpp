@@ -1,6 +1,7 @@
 #include <wx/menu.h>
 
 #include "data/clsPDataSeqCtrl.h"
+#include "gui/clsDemo.h"
 #include "gui/clsFrameMain.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsHelpSheets.h"
@@ -183,7 +184,13 @@ void FrameMain_cls::MakeMenus() {
     add("&Animation", Menu::Animation, AnimationEntries());
     add("&Render", Menu::Render, RenderEntries());
     mMenu.Add("&Help",
-              {{.label = "&Mouse and Keys\tF1",
+              {{.label = "&Demo",
+                .help = "Open a small simulation: two galaxies pass each other",
+                .action =
+                    [this] {
+                        if (const wxString demo = MakeDemo(this); !demo.empty()) mFiles.Open(demo);
+                    }},
+               {.label = "&Mouse and Keys\tF1",
                 .help = "What mouse and keys do",
                 .action = [this] { ShowMouseAndKeys(this, mContext.preference); }},
                {.label = "&About", .help = "Which version this is, and what it runs on", .action = [this] {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 
 #include "data/clsBodyProgress.h"
 #include "data/clsPDataSeqCtrl.h"
@@ -15,6 +16,7 @@
 #include "gui/clsPlayback.h"
 #include "render/clsDrawOption.h"
 #include "seam/clsClock.h"
+#include "seam/clsTextCoding.h"
 #include "timeline/clsTimeCtrl.h"
 
 namespace {
@@ -25,8 +27,11 @@ constexpr long long kPlayingMs = 100;
 constexpr int kWhole = 100;
 const wxSize kGaugeSize(110, 10);
 
+/// As the user named it: a series with other names is read through links.
 wxString NameOf(const wxString& path) {
-    return path.AfterLast('/');
+    std::error_code isNoLink;
+    const std::filesystem::path target = std::filesystem::read_symlink(ToBytes(path), isNoLink);
+    return (isNoLink ? path : FromBytes(target.string())).AfterLast('/');
 }
 
 }  // namespace
@@ -92,7 +97,7 @@ void FrameStatus_cls::PlaceProgress() {
 
 wxString FrameStatus_cls::Reading() const {
     const PDataSequence_cls& data = mContext.seqCtrl.GetActive();
-    if (data.GetSeqLength() == 0) return "no data: open a file, or drop it here";
+    if (data.GetSeqLength() == 0) return "no data: Ctrl+D opens a file, or drop one here";
     const int reading = GThreadReaderIndex.load(std::memory_order_acquire);
     if (reading >= 0 && GpCThreadReader.load(std::memory_order_acquire)) {
         return wxString::Format("reading %s %d %%", NameOf(data.GetFilename(reading)),

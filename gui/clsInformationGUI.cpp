@@ -9,8 +9,10 @@
 namespace {
 
 constexpr const char* kName = "information";
-const wxSize kListSize(520, 170);
-constexpr int kInfoNameWidth = 170;
+constexpr int kInfoWidth = 560;
+constexpr int kDataHeight = 165;
+constexpr int kFrameHeight = 310;
+constexpr int kInfoNameWidth = 150;
 
 }  // namespace
 
@@ -19,20 +21,20 @@ InformationGUI_cls::InformationGUI_cls(wxWindow* parent, const Information_cls& 
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, kName),
       mInformation(information) {
     auto* column = new wxBoxSizer(wxVERTICAL);
-    const auto add = [this, column](const wxString& heading) {
+    const auto add = [this, column](const wxString& heading, int height) {
         auto* title = new wxStaticText(this, wxID_ANY, heading);
         title->SetFont(title->GetFont().Bold());
         column->Add(title, 0, wxLEFT | wxRIGHT | wxTOP, FromDIP(10));
-        auto* list = new wxListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
+        auto* list = new wxListCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(kInfoWidth, height)),
                                     wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL);
         list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kInfoNameWidth));
-        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kListSize.x - kInfoNameWidth - 20));
+        list->AppendColumn("", wxLIST_FORMAT_LEFT, FromDIP(kInfoWidth - kInfoNameWidth - 20));
         list->SetToolTip(heading);
-        column->Add(list, 1, wxEXPAND | wxALL, FromDIP(10));
+        column->Add(list, height, wxEXPAND | wxALL, FromDIP(10));
         return list;
     };
-    mData = add("Data");
-    mFrame = add("Frame");
+    mData = add("Data", kDataHeight);
+    mFrame = add("Frame", kFrameHeight);
     column->Add(CreateSeparatedButtonSizer(wxCLOSE), 0, wxEXPAND | wxALL, FromDIP(10));
     SetEscapeId(wxID_CLOSE);
     // A dialog that blocks nothing ends for good when it is closed.

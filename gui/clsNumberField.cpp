@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kTextCharacters = 9;
+constexpr int kTextCharacters = 10;
 
 }  // namespace
 

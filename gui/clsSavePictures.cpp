@@ -4,6 +4,9 @@
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
 
+#include <algorithm>
+#include <array>
+
 #include "gui/clsFrameContext.h"
 #include "gui/clsImgSequenceGUI.h"
 #include "gui/clsMainGLCanvas.h"
@@ -20,7 +23,9 @@ void SaveViewAsPicture(wxWindow& parent, TopHalfPanel_cls& views) {
                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     if (dialog.ShowModal() != wxID_OK) return;
     wxString path = dialog.GetPath();
-    if (!ImageFile_cls::IsKnownFormat(path)) path += ".png";
+    static constexpr std::array<const char*, 3> kEndings = {".png", ".jpg", ".tif"};
+    if (!ImageFile_cls::IsKnownFormat(path))
+        path += kEndings.at(static_cast<size_t>(std::clamp(dialog.GetFilterIndex(), 0, 2)));
     const wxString error = ImageFile_cls::Write(path, *picture);
     if (!error.empty()) UserMessage_cls::Tell("Error!", error);
 }

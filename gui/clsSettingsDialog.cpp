@@ -48,6 +48,10 @@ SettingsDialog_cls::SettingsDialog_cls(wxWindow& parent, const wxString& title, 
     SetMinSize(wxSize());
     SetSize(wxSize(std::min(GetSize().x, screen.width - kDesktop),
                    std::min(GetSize().y, screen.height - kDesktop)));
+    // At the right, over the pages of settings: what is changed is seen in the views.
+    const wxRect above = parent.GetScreenRect();
+    Move(std::clamp(above.GetRight() - GetSize().x, screen.x, screen.GetRight()),
+         std::clamp(above.y + (above.height - GetSize().y) / 2, screen.y, screen.GetBottom()));
 }
 
 void SettingsDialog_cls::OnKey(wxKeyEvent& event) {

@@ -31,6 +31,7 @@ class PovText_cls {
             mFile->Write(words.data(), words.size());
             return *this;
         }
+        if (words.empty()) return *this;
         MakeRoom(words.size());
         std::memcpy(mBlock.data() + mUsed, words.data(), words.size());
         mUsed += words.size();

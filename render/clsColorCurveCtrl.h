@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "render/clsColorCurve.h"
@@ -11,7 +12,9 @@
 /// shown. One object, owned by the application core. Threads: GUI thread.
 class ColorCurveCtrl_cls {
   public:
-    using ValueSource = std::function<std::vector<float>(const ColorCurve_cls& curve)>;
+    /// None while the frame on screen is not ready.
+    using Values = std::optional<std::vector<float>>;
+    using ValueSource = std::function<Values(const ColorCurve_cls& curve)>;
 
     ColorCurveCtrl_cls() = default;
     ColorCurveCtrl_cls(const ColorCurveCtrl_cls&) = delete;
@@ -31,8 +34,8 @@ class ColorCurveCtrl_cls {
     void Paste(ColorCurve_cls& into) const;
 
     void SetValueSource(ValueSource source) { mValueSource = std::move(source); }
-    /// The values of the frame on screen that feed the curve; empty when there are none.
-    std::vector<float> GetValues(const ColorCurve_cls& curve) const {
+    /// The values of the frame on screen that feed the curve.
+    Values GetValues(const ColorCurve_cls& curve) const {
         return mValueSource ? mValueSource(curve) : std::vector<float>();
     }
 

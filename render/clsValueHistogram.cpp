@@ -2,12 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 ValueHistogram_cls::ValueHistogram_cls(std::vector<float> values) : mValues(std::move(values)) {
-    std::erase_if(mValues, [](float value) { return !std::isfinite(value); });
+    const auto isOdd = [](float value) { return !std::isfinite(value); };
+    // Few data have any, and leaving them out moves all the others.
+    if (std::any_of(mValues.begin(), mValues.end(), isOdd)) std::erase_if(mValues, isOdd);
     if (mValues.empty()) return;
-    const auto [min, max] = std::minmax_element(mValues.begin(), mValues.end());
-    mRange = {*min, *max};
+    mRange = {mValues.front(), mValues.front()};
+    for (const float value : mValues) {
+        mRange.min = std::min(mRange.min, value);
+        mRange.max = std::max(mRange.max, value);
+    }
 }
 
 ValueHistogram_cls::Range ValueHistogram_cls::GetPartRange(double low, double high) const {
@@ -27,13 +33,18 @@ std::vector<float> ValueHistogram_cls::GetBins(Range range, size_t count) const 
     std::vector<float> bins(count, 0.0F);
     const double length = static_cast<double>(range.max) - range.min;
     if (count == 0 || !(length != 0.0) || !std::isfinite(length)) return bins;
+    const auto [least, most] = std::minmax(range.min, range.max);
+    const double binsPerValue = static_cast<double>(count) / length;
+    std::vector<std::uint32_t> numbers(count);
     for (const float value : mValues) {
-        const double part = (static_cast<double>(value) - range.min) / length;
-        if (part < 0.0 || part > 1.0) continue;
-        bins[std::min(static_cast<size_t>(part * static_cast<double>(count)), count - 1)] += 1.0F;
+        if (value < least || value > most) continue;
+        const double place = (static_cast<double>(value) - range.min) * binsPerValue;
+        ++numbers[std::min(static_cast<size_t>(place), count - 1)];
     }
-    const float fullest = *std::max_element(bins.begin(), bins.end());
-    if (fullest == 0.0F) return bins;
-    for (float& bin : bins) bin = std::sqrt(bin / fullest);
+    const std::uint32_t fullest = *std::max_element(numbers.begin(), numbers.end());
+    if (fullest == 0) return bins;
+    std::transform(numbers.begin(), numbers.end(), bins.begin(), [fullest](std::uint32_t number) {
+        return std::sqrt(static_cast<float>(number) / static_cast<float>(fullest));
+    });
     return bins;
 }

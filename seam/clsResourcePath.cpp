@@ -23,7 +23,7 @@ wxString& ProgramFolder() {
 
 wxString ResourcePath_cls::Find(const wxString& name) {
     if (name.StartsWith("/")) return name;
-    for (const char* place : {"/", "/../share/varnholt3/"}) {
+    for (const char* place : {"/", "/../share/varnholt3/", "/../lib/varnholt3/"}) {
         const wxString path = ProgramFolder() + place + name;
         if (wxFileName::Exists(path)) return path;
     }

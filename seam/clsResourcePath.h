@@ -2,9 +2,9 @@
 
 #include <wx/string.h>
 
-/// Where the files are that the program reads at run time: shader sources, textures, icons, templates.
-/// They lie beside the program (a build) or in ../share/varnholt3 (an installed one).
-/// Threads: GUI thread.
+/// Where the files are that the program reads at run time: shader sources, textures, icons, templates, the
+/// demo. They lie beside the program (a build), or in ../share/varnholt3 and, what runs, in ../lib/varnholt3
+/// (an installed one). Threads: GUI thread.
 class ResourcePath_cls {
   public:
     /// The path of a resource by its name, such as "GL/Phong.vert". A name that is no resource is taken as a

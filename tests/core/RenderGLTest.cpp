@@ -179,4 +179,19 @@ TEST(RenderGLTest, AMachineWithoutEGLIsTold) {
     EXPECT_FALSE(std::filesystem::exists(folder.File("p.png")));
 }
 
+TEST(RenderGLTest, JpegPicturesHaveThePreferredQuality) {
+    const TempFolder_cls folder;
+    folder.Write("s0000.dat", Square(0));
+    std::vector<std::uintmax_t> bytes;
+    for (const char* quality : {"5", "50", "100"}) {
+        RunProgram({"--render", "p.jpg", "s0000.dat", "--size", "300x200", "--set",
+                    std::string("PREF_JPEG_QUALITY=") + quality},
+                   folder.Path());
+        ASSERT_TRUE(ReadPicture(folder.File("p.jpg")).IsOk()) << quality;
+        bytes.push_back(std::filesystem::file_size(folder.File("p.jpg")));
+    }
+    EXPECT_LT(bytes[0] * 5 / 4, bytes[1]);
+    EXPECT_LT(bytes[1] * 5 / 4, bytes[2]);
+}
+
 }  // namespace

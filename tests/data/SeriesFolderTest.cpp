@@ -4,7 +4,9 @@
 
 #include "data/clsFileSequence.h"
 #include "data/clsSeriesFolder.h"
+#include "data/clsSeriesRestore.h"
 #include "data/clsStepSplitter.h"
+#include "support/RecordingMessage.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -81,13 +83,8 @@ TEST_F(SeriesFolderTest, LinksFollowTheirSeriesAndComeBack) {
     fs::remove(mRun.File("dump.10"));
     EXPECT_EQ(OpenByLinks("dump.0"), "05");
 
-    // A project that names the links, after the cache was emptied.
-    const SeriesFolder_cls folder(mRun.File("dump.0"), SeriesFolder_cls::Content::Links);
-    fs::remove_all(mCache.Path() / "varnholt3");
-    SeriesFolder_cls::Refresh(folder.GetMember(0));
-    EXPECT_EQ(ReadSeries(folder.GetMember(0)), "05");
-
     // Only what is old and has lost its files goes.
+    const SeriesFolder_cls folder(mRun.File("dump.0"), SeriesFolder_cls::Content::Links);
     SeriesFolder_cls::RemoveStale();
     fs::remove_all(mRun.Path());
     SeriesFolder_cls::RemoveStale();
@@ -105,6 +102,34 @@ std::string Step(int number, int particles, bool xyz) {
     for (int i = 0; i < particles; ++i)
         text += std::to_string(i) + " 0.25 " + std::to_string(number) + " 1e-3\n";
     return text;
+}
+
+TEST_F(SeriesFolderTest, WhatAProjectNamesComesBack) {
+    using Content = SeriesFolder_cls::Content;
+    mRun.Write("dump.0", "0");
+    mRun.Write("dump.10", "1");
+    mRun.Write("t.xyz", Step(1, 2, true) + Step(2, 3, true));
+    for (const auto& [file, content, whole] :
+         {std::tuple("dump.0", Content::Links, std::string("01")),
+          std::tuple("t.xyz", Content::Steps, ReadWholeFile(mRun.File("t.xyz")))}) {
+        const wxString member = SeriesFolder_cls(mRun.File(file), content).GetMember(0);
+        // The names that this user's projects have, and those of somebody with another cache.
+        for (const wxString& name :
+             {member, "/home/nobody/.cache" + member.Mid(mCache.Path().string().size())}) {
+            fs::remove_all(mCache.Path() / "varnholt3");
+            EXPECT_EQ(SeriesRestore_cls::Restore(name), member);
+            EXPECT_EQ(ReadSeries(member), whole) << name;
+        }
+        fs::remove(mRun.File(file));
+        RecordingMessage_cls messages;
+        EXPECT_EQ(SeriesRestore_cls::Restore(member), member);
+        EXPECT_EQ(messages.mSaid.empty(), content == Content::Steps) << "steps are whole without their file";
+        messages.mSaid.clear();
+        fs::remove_all(mCache.Path() / "varnholt3");
+        SeriesRestore_cls::Restore(member);
+        EXPECT_EQ(messages.mSaid.size(), 1U);
+    }
+    EXPECT_EQ(SeriesRestore_cls::Restore("/data/run/s0000.dat"), "/data/run/s0000.dat");
 }
 
 TEST_F(SeriesFolderTest, StepsOfOneFileBecomeASeries) {

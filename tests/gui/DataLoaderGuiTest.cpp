@@ -104,9 +104,11 @@ TEST_F(DataLoaderGuiTest, RealFilesOpenWithoutTypingALayoutAndPlay) {
             EXPECT_EQ(loader.mInterpolateType.mValue, DataLoader_cls::kLinear);
             EXPECT_EQ(loader.mVariableNumber.mValue, DataLoader_cls::kVariable);
             EXPECT_EQ(mWindow.Main().GetPeriodicBoundary().GetRule().length[2], 6.0F);
-            const ColorCurve_cls& curve = Sequence().GetAttribute(1).GetCurve(SnapAttribute_cls::kColor);
-            EXPECT_EQ(curve.IsOn(), c.byValue);
-            if (c.byValue) {
+            // Few particles are spheres, many are points: both have the colours.
+            for (const int which : {SnapAttribute_cls::kColor, SnapAttribute_cls::kDiffuse}) {
+                const ColorCurve_cls& curve = Sequence().GetAttribute(1).GetCurve(which);
+                EXPECT_EQ(curve.IsOn(), c.byValue);
+                if (!c.byValue) continue;
                 EXPECT_EQ(curve.mScalingMin.mValue, 1.0F);
                 EXPECT_EQ(curve.mScalingMax.mValue, 60.0F);
             }

@@ -175,7 +175,14 @@ TEST(EditorsGuiTest, ATemplateChangesThePictureAndUndoRestoresIt) {
     });
     ASSERT_TRUE(desk.OpenCurve());
     const wxRect view = desk.GetView();
-    OnGui([&] { desk.FindDialog("Color Curve Editor")->Move(view.GetRight() + 10, view.y); });
+    // Beside the view, whatever the window manager thinks of it at first.
+    ASSERT_TRUE(WaitFor([&] {
+        wxDialog* dialog = desk.FindDialog("Color Curve Editor");
+        const bool beside = dialog->GetScreenPosition().x > view.GetRight();
+        if (!beside) dialog->Move(view.GetRight() + 10, view.y);
+        return beside;
+    }));
+    wxMilliSleep(300);  // windows go to their places behind the toolkit's back
     // The settings above were made behind the program's back: this change shows them.
     desk.Click("Data range");
     ASSERT_TRUE(WaitFor([] { return GCUndoList.GetUndoName() == "Min/Max"; }));

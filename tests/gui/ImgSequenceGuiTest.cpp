@@ -81,6 +81,7 @@ TEST_F(ImgSequenceGuiTest, SavesWhatTheCommandLineSaves) {
     Enter("Pictures", mFolder.File("window%04d.png"));
     Enter("Width", "160");
     Enter("Height", "120");
+    EXPECT_EQ(OnGui([this] { return Named<wxChoice>("Size").GetStringSelection(); }), "Custom");
     ClickButton("Save");
     ASSERT_TRUE(WaitFor([this] { return fs::exists(mFolder.File("window0004.png")); }, 60000));
     ASSERT_TRUE(HasEnded());

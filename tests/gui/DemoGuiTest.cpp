@@ -1,0 +1,29 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "gui/clsDemo.h"
+#include "support/TempFolder.h"
+#include "support/gui/OpenWindow.h"
+
+namespace {
+
+TEST(DemoGuiTest, IsMadeOnceAndOpens) {
+    const TempFolder_cls cache;
+    setenv("XDG_CACHE_HOME", cache.Path().c_str(), 1);
+    OpenWindow_cls window;
+    const wxString project = OnGui([&] { return MakeDemo(window.Frame()); });
+    const std::string first = cache.File("varnholt3/demo/galaxies0000.dat");
+    ASSERT_TRUE(std::filesystem::exists(first));
+    const auto made = std::filesystem::last_write_time(first);
+    OnGui([&] {
+        EXPECT_EQ(MakeDemo(window.Frame()), project);
+        window.Frame()->GetFiles().Open(project);
+        EXPECT_EQ(window.Main().GetSeqCtrl().GetActive().GetSeqLength(), 101);
+    });
+    EXPECT_EQ(std::filesystem::last_write_time(first), made);
+    unsetenv("XDG_CACHE_HOME");
+}
+
+}  // namespace
