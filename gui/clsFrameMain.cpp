@@ -176,6 +176,8 @@ void FrameMain_cls::ShowAndWait() {
         *painted = true;
         event.Skip();
     });
+    // Else the toolkit would begin with a field, its text marked.
+    mViews->GetCanvas(0).SetFocus();
     Show();
     const long long begin = mClock.Now();
     PollUntil([&] { return *painted || mClock.Now() - begin > kShowPatienceMs; }, kShowPeriodMs);
