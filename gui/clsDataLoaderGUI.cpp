@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr int kLoaderWidth = 1080;
+constexpr int kLoaderWidth = 1200;
 constexpr int kLoaderHeight = 740;
 constexpr int kSettingsWidth = 390;
 /// What window frames and panels of the desktop take of the screen.
