@@ -116,6 +116,14 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
         Bind(wxEVT_MENU, &FrameMain_cls::OnPosted, this, event);
     }
     Bind(wxEVT_CLOSE_WINDOW, &FrameMain_cls::OnClose, this);
+    // A progress dialog disables the window meanwhile, which leaves the keyboard nowhere.
+    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        event.Skip();
+        if (event.GetActive())
+            CallAfter([this] {
+                if (!FindFocus()) mViews->GetCanvas(0).SetFocus();
+            });
+    });
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         mPlayback.Work();
         event.Skip();

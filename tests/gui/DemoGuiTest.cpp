@@ -6,6 +6,7 @@
 #include "gui/clsDemo.h"
 #include "support/TempFolder.h"
 #include "support/gui/OpenWindow.h"
+#include "support/gui/User.h"
 
 namespace {
 
@@ -23,6 +24,9 @@ TEST(DemoGuiTest, IsMadeOnceAndOpens) {
         EXPECT_EQ(window.Main().GetSeqCtrl().GetActive().GetSeqLength(), 101);
     });
     EXPECT_EQ(std::filesystem::last_write_time(first), made);
+    // The progress dialog has had the keyboard.
+    User_cls().Press("space");
+    EXPECT_TRUE(WaitFor([&] { return window.Main().GetTimeCtrl().GetFrame() > 0; }));
     unsetenv("XDG_CACHE_HOME");
 }
 
