@@ -25,6 +25,7 @@ TEST(DemoGuiTest, IsMadeOnceAndOpens) {
     });
     EXPECT_EQ(std::filesystem::last_write_time(first), made);
     // The progress dialog has had the keyboard.
+    EXPECT_TRUE(WaitFor([&] { return window.Frame()->IsActive() && wxWindow::FindFocus(); }));
     User_cls().Press("space");
     EXPECT_TRUE(WaitFor([&] { return window.Main().GetTimeCtrl().GetFrame() > 0; }));
     unsetenv("XDG_CACHE_HOME");
