@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -71,12 +70,8 @@ int Batch_cls::Prepare() {
 void Batch_cls::ApplyFirstLook() {
     const SnapData_cls* first = IsProject() ? nullptr : mSource.Prepare(0.0);
     if (!first) return;
-    for (const wxString& line : SuggestLook(*first, mLine.mHeight)) {
-        const wxString key = line.BeforeFirst('=') + "=";
-        const bool given = std::any_of(mLine.mSettings.begin(), mLine.mSettings.end(),
-                                       [&](const wxString& setting) { return setting.StartsWith(key); });
-        if (!given) mProject.ApplySetting(line);
-    }
+    for (const wxString& line : SuggestLook(*first, mLine.mHeight, mLine.mSettings))
+        mProject.ApplySetting(line);
 }
 
 bool Batch_cls::HasData() {

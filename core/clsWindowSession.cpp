@@ -57,7 +57,8 @@ FrameContext_cls WindowSession_cls::MakeContext() {
             .applyPreferences = [&main] { main.ApplyPreferences(); },
             .isPovrayCondistionSatisfiled = [&main] { return main.IsPovrayCondistionSatisfiled(); },
             .quit = [&main] { return main.QuitProcess(); },
-            .keepsUserSettings = !mLine.mConfig || !mLine.mConfig->empty()};
+            .keepsUserSettings = !mLine.mConfig || !mLine.mConfig->empty(),
+            .givenSettings = mLine.mSettings};
 }
 
 bool WindowSession_cls::Open() {

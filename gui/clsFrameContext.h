@@ -78,4 +78,6 @@ struct FrameContext_cls {
     std::function<bool()> quit;
     /// False when the user's files are neither to be read nor written.
     bool keepsUserSettings;
+    /// From the command line, KEY=VALUE.
+    const std::vector<wxString>& givenSettings;
 };

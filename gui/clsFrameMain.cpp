@@ -85,6 +85,7 @@ void KeepFarPart(wxSplitterWindow& splitter, int position) {
 FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
     : wxFrame(nullptr, wxID_ANY, "Varnholt 3 v 0.80"),
       mContext(context),
+      mWatch(mClock, [this] { mStatus->PaintNow(); }),
       mSink(*this),
       mMessage(*this),
       mUser(context.keepsUserSettings),
@@ -97,7 +98,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
               .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mInstant(context, [this](const SnapData_cls& state) { SuggestFirstLook(state); }),
       mPlayback(context, mInstant, mClock,
-                {.isDrawn = [this] { return mViews->IsDrawn(); },
+                {.isDrawn = [this] { return mViews->IsShowing(); },
                  .redraw = [this] { mViews->Redraw(); },
                  .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mMenu(*this),
@@ -142,7 +143,7 @@ void FrameMain_cls::MakeParts() {
                                    wxSP_LIVE_UPDATE | wxSP_3DSASH, "halves");
     mTop = new wxSplitterWindow(mHalves, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                 wxSP_LIVE_UPDATE | wxSP_3DSASH, "top");
-    mViews = new TopHalfPanel_cls(mTop, mContext, mInstant);
+    mViews = new TopHalfPanel_cls(mTop, mContext, mInstant, mWatch);
     mPages = new wxNotebook(mTop, wxID_ANY);
     for (const FramePage_cls& page : FramePages()) mPages->AddPage(page.make(mPages, mContext), page.title);
     for (wxSplitterWindow* splitter : {mHalves, mTop}) {
@@ -167,7 +168,7 @@ void FrameMain_cls::MakeParts() {
     column->Add(mFaults, 0, wxEXPAND);
     column->Add(mHalves, 1, wxEXPAND);
     SetSizer(column);
-    mStatus = new FrameStatus_cls(this, mContext, mPlayback);
+    mStatus = new FrameStatus_cls(this, mContext, mPlayback, mWatch, [this] { StopWaiting(); });
     SetStatusBar(mStatus);
 }
 
@@ -223,6 +224,11 @@ void FrameMain_cls::TogglePlay() {
     }
 }
 
+void FrameMain_cls::StopWaiting() {
+    mPlayback.StopReading();
+    mViews->StopDrawing();
+}
+
 void FrameMain_cls::GoToFrame(int frame) {
     mContext.timeCtrl.SetFrameFromDoubleCommand(mContext.timeCtrl.GetDoubleIndex(frame, 0));
 }
@@ -259,7 +265,8 @@ void FrameMain_cls::RefreshAll() {
 
 void FrameMain_cls::SuggestFirstLook(const SnapData_cls& state) {
     if (!mFiles.TakeWantsLook()) return;
-    for (const wxString& line : SuggestLook(state, mViews->GetCanvas(0).GetClientSize().y))
+    for (const wxString& line :
+         SuggestLook(state, mViews->GetCanvas(0).GetClientSize().y, mContext.givenSettings))
         mContext.applySetting(line);
     mInstant.Invalidate();
     ShowSettings(SettingsView_cls::kAll);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "gui/clsDrawWatch.h"
 #include "gui/clsFrameContext.h"
 #include "gui/clsFrameFiles.h"
 #include "gui/clsFrameMenu.h"
@@ -54,6 +55,8 @@ class FrameMain_cls : public wxFrame {
     /// Data that nobody has set up yet get a look that shows something.
     void SuggestFirstLook(const SnapData_cls& state);
     void TogglePlay();
+    /// Reading and drawing that somebody waits for.
+    void StopWaiting();
     void GoToFrame(int frame);
     void Undo();
     void Redo();
@@ -68,6 +71,7 @@ class FrameMain_cls : public wxFrame {
 
     FrameContext_cls& mContext;
     WindowClock_cls mClock;
+    DrawWatch_cls mWatch;
     FrameSink_cls mSink;
     WindowMessage_cls mMessage;
     UserSettings_cls mUser;

@@ -1,9 +1,7 @@
 #include "gui/clsFrameStatus.h"
 
 #include <wx/bmpbuttn.h>
-#include <wx/gauge.h>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
@@ -11,9 +9,11 @@
 #include "data/clsBodyProgress.h"
 #include "data/clsPDataSeqCtrl.h"
 #include "data/clsThreadFileReader.h"
+#include "gui/clsDrawWatch.h"
 #include "gui/clsFrameContext.h"
 #include "gui/clsIcons.h"
 #include "gui/clsPlayback.h"
+#include "gui/clsProgressLine.h"
 #include "render/clsDrawOption.h"
 #include "seam/clsClock.h"
 #include "seam/clsTextCoding.h"
@@ -24,8 +24,7 @@ namespace {
 enum Field : int { kReading, kInstant, kDrawn, kMemory };
 
 constexpr long long kPlayingMs = 100;
-constexpr int kWhole = 100;
-const wxSize kGaugeSize(110, 10);
+const wxSize kLineSize(110, 6);
 
 /// As the user named it: a series with other names is read through links.
 wxString NameOf(const wxString& path) {
@@ -36,25 +35,27 @@ wxString NameOf(const wxString& path) {
 
 }  // namespace
 
-FrameStatus_cls::FrameStatus_cls(wxWindow* parent, const FrameContext_cls& context, Playback_cls& playback)
+FrameStatus_cls::FrameStatus_cls(wxWindow* parent, const FrameContext_cls& context,
+                                 const Playback_cls& playback, const DrawWatch_cls& watch,
+                                 std::function<void()> stop)
     : wxStatusBar(parent, wxID_ANY, wxSTB_DEFAULT_STYLE, "status"),
       mContext(context),
       mPlayback(playback),
-      mGauge(new wxGauge(this, wxID_ANY, kWhole, wxDefaultPosition, FromDIP(kGaugeSize))),
+      mWatch(watch),
+      mLine(new ProgressLine_cls(this, FromDIP(kLineSize))),
       mStop(new wxBitmapButton(this, wxID_ANY, Icons_cls::Get("stop", *this), wxDefaultPosition,
-                               wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT, wxDefaultValidator,
-                               "Stop Reading")) {
+                               wxDefaultSize, wxBORDER_NONE | wxBU_EXACTFIT, wxDefaultValidator, "Stop")) {
     SetMinHeight(mStop->GetBestSize().y);
-    mGauge->SetToolTip("How much of the snapshot has been read, in percent");
-    mStop->SetToolTip("Stop reading; the picture stays as it is (Esc)");
-    mStop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { mPlayback.StopReading(); });
+    mLine->SetToolTip("How much of the snapshot has been read or of the picture drawn, in percent");
+    mStop->SetToolTip("Stop reading and drawing; the picture stays as it is (Esc)");
+    mStop->Bind(wxEVT_BUTTON, [stop = std::move(stop)](wxCommandEvent&) { stop(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         PlaceProgress();
         event.Skip();
     });
     constexpr std::array<int, 4> kShares = {-5, -4, -4, -3};
     SetFieldsCount(static_cast<int>(kShares.size()), kShares.data());
-    mGauge->Hide();
+    mLine->Hide();
     mStop->Hide();
     RefreshFromModel();
 }
@@ -75,13 +76,21 @@ void FrameStatus_cls::RefreshFromModel() {
     Put(kMemory, Memory());
 }
 
+void FrameStatus_cls::PaintNow() {
+    RefreshFromModel();
+    Update();
+    mLine->Update();
+}
+
 void FrameStatus_cls::ShowProgress() {
-    const bool slow = mPlayback.IsSlow();
-    if (slow)
-        mGauge->SetValue(std::clamp(GThreadReaderPercentage.load(std::memory_order_relaxed), 0, kWhole));
-    if (mGauge->IsShown() == slow) return;
+    const bool slow = mPlayback.IsSlow() || mWatch.GetPercentage();
+    if (slow) {
+        const int reading = GThreadReaderPercentage.load(std::memory_order_relaxed);
+        mLine->SetValue(mWatch.GetPercentage().value_or(reading));
+    }
+    if (mLine->IsShown() == slow) return;
     PlaceProgress();
-    mGauge->Show(slow);
+    mLine->Show(slow);
     mStop->Show(slow);
 }
 
@@ -89,10 +98,10 @@ void FrameStatus_cls::PlaceProgress() {
     wxRect field;
     if (!GetFieldRect(kReading, field)) return;
     const wxSize button = mStop->GetBestSize();
-    const wxSize gauge = mGauge->GetSize();
+    const wxSize line = mLine->GetSize();
     const auto middle = [&field](const wxSize& size) { return field.y + (field.height - size.y) / 2; };
     mStop->SetSize(wxRect(wxPoint(field.GetRight() - button.x, middle(button)), button));
-    mGauge->Move(field.GetRight() - button.x - gauge.x, middle(gauge));
+    mLine->Move(field.GetRight() - button.x - line.x, middle(line));
 }
 
 wxString FrameStatus_cls::Reading() const {
@@ -103,6 +112,7 @@ wxString FrameStatus_cls::Reading() const {
         return wxString::Format("reading %s %d %%", NameOf(data.GetFilename(reading)),
                                 GThreadReaderPercentage.load(std::memory_order_relaxed));
     }
+    if (const auto percentage = mWatch.GetPercentage()) return wxString::Format("drawing %d %%", *percentage);
     if (mPlayback.IsReadingStopped()) return "reading was stopped; the next step reads on";
     const int shown = mContext.timeCtrl.GetRemappedIndex();
     if (data.GetFilenameStatus(shown) == PDataSnap_cls::FileState::Unreadable)
@@ -128,8 +138,8 @@ wxString FrameStatus_cls::Drawn() const {
     if (data.GetSeqLength() == 0) return {};
     const PDataSnap_cls& snap = data.GetSnap(mContext.timeCtrl.GetRemappedIndex());
     const int all = snap.IsItLoaded() ? snap.GetParticleNumber() : 0;
-    const int step = mContext.drawOption.GetStep();
-    return wxString::Format("%d of %d particles drawn", (all + step - 1) / step, all);
+    const long long step = static_cast<long long>(mContext.drawOption.GetStep()) * mWatch.GetCoarseness();
+    return wxString::Format("%lld of %d particles drawn", (all + step - 1) / step, all);
 }
 
 wxString FrameStatus_cls::Memory() const {

@@ -2,19 +2,25 @@
 
 #include <wx/statusbr.h>
 
+#include <functional>
+
+class DrawWatch_cls;
 class Playback_cls;
+class ProgressLine_cls;
 class wxButton;
-class wxGauge;
 struct FrameContext_cls;
 
-/// The status bar: what is being read and how far, frame and data time, particles drawn, memory. Where data
-/// let the user wait, a gauge with a button that stops the reading. Owned by the main window. Threads: GUI
-/// thread.
+/// The status bar: what is being read or drawn and how far, frame and data time, particles drawn, memory.
+/// Where data or pictures let the user wait, a gauge with a button that stops them. Owned by the main window.
+/// Threads: GUI thread.
 class FrameStatus_cls : public wxStatusBar {
   public:
-    FrameStatus_cls(wxWindow* parent, const FrameContext_cls& context, Playback_cls& playback);
+    FrameStatus_cls(wxWindow* parent, const FrameContext_cls& context, const Playback_cls& playback,
+                    const DrawWatch_cls& watch, std::function<void()> stop);
 
     void RefreshFromModel();
+    /// The same, on the screen when it returns.
+    void PaintNow();
 
   private:
     void Put(int field, const wxString& text);
@@ -27,8 +33,9 @@ class FrameStatus_cls : public wxStatusBar {
     void PlaceProgress();
 
     const FrameContext_cls& mContext;
-    Playback_cls& mPlayback;
+    const Playback_cls& mPlayback;
+    const DrawWatch_cls& mWatch;
     long long mShownAt = 0;
-    wxGauge* mGauge;
+    ProgressLine_cls* mLine;
     wxButton* mStop;
 };

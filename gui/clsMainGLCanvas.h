@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/glcanvas.h>
+#include <wx/timer.h>
 
 #include <functional>
 #include <memory>
@@ -14,8 +15,9 @@ class OffscreenBuffer_cls;
 class ViewGL_cls;
 
 /// The drawing surface of one view panel. The scene goes into an off-screen buffer of the panel's size, and
-/// that to the screen; while nothing may be prepared the last picture is shown again, so that a panel neither
-/// flickers nor meets data that are being replaced.
+/// when it is whole to the screen; until then the last picture is shown, so that a panel neither flickers nor
+/// meets data that are being replaced. While the user's hand is at work, what takes long to draw is drawn
+/// with a part of its particles only, and with all of them as soon as the hand rests.
 /// Owned by its panel window. Threads: GUI thread. Units: the buffer's pixels are the screen's.
 class MainGLCanvas_cls : public wxGLCanvas {
   public:
@@ -23,13 +25,18 @@ class MainGLCanvas_cls : public wxGLCanvas {
                      ShownInstant_cls& instant, PanelCamera_cls& camera, ViewGL_cls& gl);
     ~MainGLCanvas_cls() override;
 
-    /// The next painting draws the scene anew; a mere exposure shows the picture that is there.
+    /// The scene is drawn anew as soon as the window has time; a mere exposure shows the picture that is
+    /// there.
     void Redraw();
-    /// True when the scene has been drawn since the last Redraw(), or cannot be seen.
-    bool IsDrawn() const { return !mStale || !IsShownOnScreen(); }
+    /// True when the scene has been drawn with all particles since the last Redraw(), or cannot be seen.
+    bool IsDrawn() const { return IsShowing() && !(mCoarse && IsShownOnScreen()); }
+    /// The same, but for coarse pictures.
+    bool IsShowing() const { return !(mStale || mUnpainted) || !IsShownOnScreen(); }
+    /// The picture stays as it is until something changes.
+    void StopDrawing();
     /// Gives up what lives in the OpenGL context, which is about to end.
     void DropPicture();
-    /// The picture that is shown; none before the first.
+    /// The picture that is shown, with all particles; none before the first.
     std::optional<Picture_cls> ReadPicture();
     wxSize PixelSize() const;
     /// What the picture had to say, whole lines.
@@ -39,7 +46,15 @@ class MainGLCanvas_cls : public wxGLCanvas {
 
   private:
     void OnPaint();
-    void DrawScene(const SnapData_cls* state);
+    void DrawSoon();
+    void DrawIfStale();
+    void Draw(int coarseness, long long patienceMs);
+    /// With all particles, if the hand rests.
+    void DrawFinely();
+    void DrawScene(int coarseness);
+    int ChooseCoarseness() const;
+    bool IsHandBusy() const;
+
     const unsigned int mIndex;
     FrameContext_cls& mContext;
     ShownInstant_cls& mInstant;
@@ -47,7 +62,11 @@ class MainGLCanvas_cls : public wxGLCanvas {
     ViewGL_cls& mGL;
     ViewNavigator_cls mNavigator;
     std::unique_ptr<OffscreenBuffer_cls> mPicture;
+    std::unique_ptr<OffscreenBuffer_cls> mNext;  ///< what is being drawn
+    wxTimer mLater;
     bool mStale = true;
-    bool mPainting = false;
+    bool mScheduled = false;
+    bool mUnpainted = false;
+    bool mCoarse = false;
     wxString mMessage;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "gui/clsDrawWatch.h"
 #include "gui/clsMainGLCanvas.h"
 #include "gui/clsSpacing.h"
 #include "gui/clsViewLayout.h"
@@ -11,12 +12,11 @@
 #include "render/clsPanelShared.h"
 #include "timeline/clsCommandSetValue.h"
 
-namespace {}  // namespace
-
-TopHalfPanel_cls::TopHalfPanel_cls(wxWindow* parent, FrameContext_cls& context, ShownInstant_cls& instant)
+TopHalfPanel_cls::TopHalfPanel_cls(wxWindow* parent, FrameContext_cls& context, ShownInstant_cls& instant,
+                                   DrawWatch_cls& watch)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "views"),
       mContext(context),
-      mGL(context) {
+      mGL(context, watch) {
     for (unsigned int i = 0; i < mPanels.size(); ++i) {
         if (i > 0) {
             // The first view is the film's; the others look at it from the front, the side and the top.
@@ -73,6 +73,16 @@ void TopHalfPanel_cls::Redraw() {
 bool TopHalfPanel_cls::IsDrawn() const {
     return std::all_of(mPanels.begin(), mPanels.end(),
                        [](ViewPanel_cls* panel) { return panel->GetCanvas().IsDrawn(); });
+}
+
+bool TopHalfPanel_cls::IsShowing() const {
+    return std::all_of(mPanels.begin(), mPanels.end(),
+                       [](ViewPanel_cls* panel) { return panel->GetCanvas().IsShowing(); });
+}
+
+void TopHalfPanel_cls::StopDrawing() {
+    mGL.GetWatch().Stop();
+    for (ViewPanel_cls* panel : mPanels) panel->GetCanvas().StopDrawing();
 }
 
 PanelCamera_cls& TopHalfPanel_cls::GetActiveCamera() {

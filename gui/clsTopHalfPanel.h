@@ -8,6 +8,7 @@
 #include "gui/clsSettingsView.h"
 #include "gui/clsViewGL.h"
 
+class DrawWatch_cls;
 class MainGLCanvas_cls;
 class ViewPanel_cls;
 
@@ -16,7 +17,8 @@ class ViewPanel_cls;
 /// Owned by the main window. Threads: GUI thread.
 class TopHalfPanel_cls : public wxPanel, public SettingsView_cls {
   public:
-    TopHalfPanel_cls(wxWindow* parent, FrameContext_cls& context, ShownInstant_cls& instant);
+    TopHalfPanel_cls(wxWindow* parent, FrameContext_cls& context, ShownInstant_cls& instant,
+                     DrawWatch_cls& watch);
     ~TopHalfPanel_cls() override;
 
     /// One of PanelShared_cls::Layout, as a step of the undo list.
@@ -24,8 +26,12 @@ class TopHalfPanel_cls : public wxPanel, public SettingsView_cls {
     unsigned int GetLayout() const;
     /// All shown panels draw the scene anew.
     void Redraw();
-    /// True when every panel that can be seen has drawn what it was asked to.
+    /// True when every panel that can be seen has drawn what it was asked to, with all particles.
     bool IsDrawn() const;
+    /// The same, but for coarse pictures, which are enough to play on.
+    bool IsShowing() const;
+    /// Nobody waits for drawings any more: the pictures stay as they are.
+    void StopDrawing();
 
     size_t GetActive() const { return mActive; }
     /// Which OpenGL draws the views; empty before the first picture.

@@ -7,8 +7,9 @@
 #include "render/clsOpenGL.h"
 #include "seam/clsUserMessage.h"
 
-ViewGL_cls::ViewGL_cls(FrameContext_cls& context)
-    : mPass({.shared = context.panelShared,
+ViewGL_cls::ViewGL_cls(FrameContext_cls& context, DrawWatch_cls& watch)
+    : mWatch(watch),
+      mPass({.shared = context.panelShared,
              .option = context.drawOption,
              .shadow = context.shadowSettings,
              .lights = context.lightSRCCtrl,

@@ -7,6 +7,7 @@
 #include "scene/clsScenePass.h"
 
 class CanvasContext_cls;
+class DrawWatch_cls;
 class wxGLAttributes;
 class wxGLCanvas;
 struct FrameContext_cls;
@@ -16,7 +17,7 @@ struct FrameContext_cls;
 /// is told once, and the views stay dark; the program goes on.
 class ViewGL_cls {
   public:
-    explicit ViewGL_cls(FrameContext_cls& context);
+    ViewGL_cls(FrameContext_cls& context, DrawWatch_cls& watch);
     ~ViewGL_cls();
     ViewGL_cls(const ViewGL_cls&) = delete;
     ViewGL_cls& operator=(const ViewGL_cls&) = delete;
@@ -31,10 +32,12 @@ class ViewGL_cls {
     /// Version and renderer, once there is a context.
     const wxString& GetWords() const { return mWords; }
     ScenePass_cls& GetPass() { return mPass; }
+    DrawWatch_cls& GetWatch() { return mWatch; }
 
   private:
     bool Check();
 
+    DrawWatch_cls& mWatch;
     std::unique_ptr<CanvasContext_cls> mContext;
     ScenePass_cls mPass;
     wxString mWords;

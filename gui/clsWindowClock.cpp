@@ -7,6 +7,10 @@
 
 #include <chrono>
 
+namespace {
+constexpr long long kBreathMs = 25;
+}
+
 WindowClock_cls::WindowClock_cls() {
     GpCClock.store(this, std::memory_order_release);
 }
@@ -22,11 +26,21 @@ long long WindowClock_cls::Now() {
 
 void WindowClock_cls::Sleep(int milliseconds) {
     wxMilliSleep(static_cast<unsigned long>(milliseconds));
-    if (!wxThread::IsMain() || mQuiet > 0 || mDepth > 0) return;
+    if (!wxThread::IsMain() || mDepth > 0) return;
+    if (mBreath) {
+        Breathe();
+        return;
+    }
     // Painting only: what the user does meanwhile comes when the wait is over, in its order.
     if (wxEventLoopBase* loop = wxEventLoopBase::GetActive(); loop && !loop->IsYielding()) {
         ++mDepth;
         loop->YieldFor(wxEVT_CATEGORY_UI);
         --mDepth;
     }
+}
+
+void WindowClock_cls::Breathe() {
+    if (!wxThread::IsMain() || !mBreath || Now() - mBreathedAt < kBreathMs) return;
+    mBreath();
+    mBreathedAt = Now();
 }

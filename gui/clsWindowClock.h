@@ -1,10 +1,13 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "seam/clsClock.h"
 
 /// The clock of a program with a window: while the GUI thread sleeps in a wait, the window is painted and its
-/// posted events are taken. What may only happen outside of waits asks IsWaiting().
-/// Owned by the main window. Threads: any; only the GUI thread's sleeps pump.
+/// posted events are taken. What may only happen outside of waits asks IsWaiting(). Owned
+/// by the main window. Threads: any; only the GUI thread's sleeps pump.
 class WindowClock_cls : public Clock_cls {
   public:
     WindowClock_cls();
@@ -14,15 +17,18 @@ class WindowClock_cls : public Clock_cls {
 
     long long Now() override;
     void Sleep(int milliseconds) override;
+    void Breathe() override;
     bool IsWaiting() const { return mDepth > 0; }
 
-    /// No pumping in its scope: a paint handler must not lead to another.
-    class Quiet {
+    /// In its scope waits and long work of the GUI thread take no events: they do this now and then instead.
+    class Breath {
       public:
-        explicit Quiet(WindowClock_cls& clock) : mClock(clock) { ++mClock.mQuiet; }
-        ~Quiet() { --mClock.mQuiet; }
-        Quiet(const Quiet&) = delete;
-        Quiet& operator=(const Quiet&) = delete;
+        Breath(WindowClock_cls& clock, std::function<void()> work) : mClock(clock) {
+            mClock.mBreath = std::move(work);
+        }
+        ~Breath() { mClock.mBreath = nullptr; }
+        Breath(const Breath&) = delete;
+        Breath& operator=(const Breath&) = delete;
 
       private:
         WindowClock_cls& mClock;
@@ -30,5 +36,6 @@ class WindowClock_cls : public Clock_cls {
 
   private:
     int mDepth = 0;
-    int mQuiet = 0;
+    std::function<void()> mBreath;
+    long long mBreathedAt = 0;
 };

@@ -16,7 +16,10 @@ constexpr int kPollMilliseconds = 3;
 wxThread::ExitCode ThreadSnapInterpolate_cls::Entry() {
     int begin = 0;
     int end = 0;
-    while (mShares.Take(mWorker, &begin, &end)) mWork(begin, end);
+    while (mShares.Take(mWorker, &begin, &end)) {
+        mWork(begin, end);
+        Clock_cls::Current().Breathe();
+    }
     mDone.store(true, std::memory_order_release);
     return nullptr;
 }

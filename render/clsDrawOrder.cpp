@@ -3,6 +3,12 @@
 #include <algorithm>
 
 #include "render/clsDrawOption.h"
+#include "seam/clsClock.h"
+
+namespace {
+/// Entries between two breaths.
+constexpr long long kBlock = 65536;
+}  // namespace
 
 std::span<ArrayAndIndex_cls> DrawOrder_cls::ZSortAtFBO0(int count, int step, const float* positions,
                                                         unsigned int sortOrder, const View& view) {
@@ -38,8 +44,11 @@ std::span<ArrayAndIndex_cls> DrawOrder_cls::ZSortAtFBO0(int count, int step, con
 
 size_t DrawOrder_cls::FillUnsorted(int count, int step) {
     ArrayAndIndex_cls* entry = mEntries.Get();
-    for (long long i = 0; i < count; i += step) {
-        *entry++ = {.mIndex = static_cast<int32_t>(i), .mKey = 0.0F, .mAlpha = 1.0F};
+    for (long long i = 0; i < count;) {
+        const long long end = std::min<long long>(i + kBlock * step, count);
+        for (; i < end; i += step)
+            *entry++ = {.mIndex = static_cast<int32_t>(i), .mKey = 0.0F, .mAlpha = 1.0F};
+        Clock_cls::Current().Breathe();
     }
     return static_cast<size_t>(entry - mEntries.Get());
 }

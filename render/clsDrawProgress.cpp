@@ -6,7 +6,7 @@
 #include "seam/clsClock.h"
 
 namespace {
-constexpr long long kRefreshMs = 200;
+constexpr long long kRefreshMs = 30;
 }
 
 DrawProgress_cls::DrawProgress_cls(size_t count)

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-/// How far one draw is: the percentage, the status bar at most each 200 ms, and whether the user wants it
+/// How far one draw is: the percentage, the observer each 30 ms or so, and whether the user wants it
 /// stopped. Made at the start of a draw. Threads: GUI thread.
 class DrawProgress_cls {
   public:

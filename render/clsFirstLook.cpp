@@ -38,7 +38,7 @@ wxString Colour(const std::array<double, 3>& colour, double factor) {
 
 }  // namespace
 
-std::vector<wxString> SuggestLook(const SnapData_cls& state, int height) {
+std::vector<wxString> SuggestLook(const SnapData_cls& state, int height, const std::vector<wxString>& given) {
     std::vector<wxString> lines;
     const double count = std::max(1.0, static_cast<double>(state.GetCount()) / state.GetStride());
     const double pixels = static_cast<double>(height) * height * kCovered;
@@ -51,7 +51,10 @@ std::vector<wxString> SuggestLook(const SnapData_cls& state, int height) {
     const double distance = spread * std::cbrt(4.0 / count);
     for (size_t type = 0; type < kTypeColours.size(); ++type) {
         const auto set = [&](const char* key, const wxString& value) {
-            lines.push_back(wxString::Format("SEQ0TYPE%zu%s=", type, key) + value);
+            const wxString name = wxString::Format("SEQ0TYPE%zu%s=", type, key);
+            const bool isGiven = std::any_of(given.begin(), given.end(),
+                                             [&](const wxString& line) { return line.StartsWith(name); });
+            if (!isGiven) lines.push_back(name + value);
         };
         const auto& colour = kTypeColours[type];
         set("ColConstantColor", Colour(colour, 1.0));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "interp/clsSnapData.h"
 #include "render/clsDrawOption.h"
@@ -64,6 +65,11 @@ void GLDrawData_cls::SetViewDirection(const Vector3& direction, bool isOrthograp
     mView.mIsOrthographic = isOrthographic;
 }
 
+int GLDrawData_cls::GetStep() const {
+    const long long step = static_cast<long long>(mOption.GetStep()) * mCoarseness;
+    return static_cast<int>(std::min<long long>(step, std::numeric_limits<int>::max()));
+}
+
 void GLDrawData_cls::SetLightSourceInfo(int index, const DrawLight_cls& light, double lengthScale,
                                         float colourScale) {
     if (index < 0 || index >= kLights) return;
@@ -82,7 +88,7 @@ void GLDrawData_cls::GLDraw(int, const SnapData_cls& state, const DrawAttributes
     msAbort.store(false, std::memory_order_relaxed);
     msPercentage.store(0, std::memory_order_relaxed);
     if (state.GetCount() > 0) {
-        const auto order = mOrder.ZSortAtFBO0(state.GetCount(), mOption.GetStep(), state.GetPosition(),
+        const auto order = mOrder.ZSortAtFBO0(state.GetCount(), GetStep(), state.GetPosition(),
                                               mOption.mSortOrder.mValue, mView);
         const SavedGL saved;
         const DrawView_cls view = DrawView_cls::FromGL(mView.mCamera, state);
@@ -121,7 +127,7 @@ void GLDrawData_cls::GLDrawAttribute(const Frame& frame) {
 void GLDrawData_cls::GLDrawPointArrayElement(const Frame& frame) {
     // One colour for all, whatever their radius.
     SpriteRule_cls rule =
-        SpriteRule_cls::Of(*frame.attributes[0], true, mOption.GetStep(), Thinning_cls::Form::Clamped);
+        SpriteRule_cls::Of(*frame.attributes[0], true, GetStep(), Thinning_cls::Form::Clamped);
     if (rule.dependsOnRadius) {
         const GLAttribute_cls::Alpha alpha = frame.attributes[0]->GetAlpha();
         rule.dependsOnRadius = false;
@@ -133,8 +139,7 @@ void GLDrawData_cls::GLDrawPointArrayElement(const Frame& frame) {
 }
 
 void GLDrawData_cls::GLDrawPointAll(const Frame& frame) {
-    DrawPoints(frame, SpriteRule_cls::Of(*frame.attributes[0], true, mOption.GetStep(),
-                                         Thinning_cls::Form::Clamped));
+    DrawPoints(frame, SpriteRule_cls::Of(*frame.attributes[0], true, GetStep(), Thinning_cls::Form::Clamped));
 }
 
 void GLDrawData_cls::DrawPoints(const Frame& frame, const SpriteRule_cls& rule) {
@@ -157,7 +162,7 @@ void GLDrawData_cls::GLDrawBillboardAll(const Frame& frame) {
                                 attribute.GetCurve(SnapAttribute_cls::kColor).IsOn();
     const bool isThreaded = frame.order.size() > GLDrawBillboard_cls::kLargestSingle && hasManyColours;
     const auto rule =
-        SpriteRule_cls::Of(attribute, false, mOption.GetStep(), Thinning_cls::Form::Unclamped, isThreaded);
+        SpriteRule_cls::Of(attribute, false, GetStep(), Thinning_cls::Form::Unclamped, isThreaded);
     mSprites.Begin(frame.view,
                    {.texture = attribute.GetTextureName(), .blendType = attribute.mBlendType.mValue});
     if (isThreaded) {
@@ -169,7 +174,7 @@ void GLDrawData_cls::GLDrawBillboardAll(const Frame& frame) {
 }
 
 void GLDrawData_cls::GLDrawSphereAll(const Frame& frame) {
-    const SphereRule_cls rule(*frame.attributes[0], frame.state, mOption.GetStep());
+    const SphereRule_cls rule(*frame.attributes[0], frame.state, GetStep());
     const SpherePacker_cls packer(frame.view, frame.state);
     DrawProgress_cls progress(frame.order.size());
     mSpheres.Begin(frame.view, SphereLookOf(*frame.attributes[0]));
@@ -196,7 +201,7 @@ void GLDrawData_cls::GLDrawSequential(const Frame& frame) {
     SequentialDraw_cls::SphereLooks looks;
     for (size_t i = 0; i < looks.size(); ++i) looks[i] = SphereLookOf(*frame.attributes[i]);
     DrawProgress_cls progress(frame.order.size());
-    SequentialDraw_cls draw(frame.view, frame.state, frame.attributes, mOption.GetStep(), looks, mLists);
+    SequentialDraw_cls draw(frame.view, frame.state, frame.attributes, GetStep(), looks, mLists);
     draw.Draw(frame.order, FindShadows(frame), mSprites, mSpheres, progress);
 }
 
@@ -210,7 +215,7 @@ SphereBatch_cls::Look GLDrawData_cls::SphereLookOf(const GLAttribute_cls& attrib
 
 SequentialDraw_cls::Shadows GLDrawData_cls::FindShadows(const Frame& frame) {
     if (mOption.mShadow.mValue != DrawOption_cls::kShadowVolume || mLightNumber == 0) return {};
-    const float step = Thinning_cls::GetRadiusFactor(mOption.GetStep(), Thinning_cls::Form::Clamped);
+    const float step = Thinning_cls::GetRadiusFactor(GetStep(), Thinning_cls::Form::Clamped);
     mShadowRadii.assign(frame.order.size(), 0.0F);
     bool any = false;
     for (size_t i = 0; i < frame.order.size(); ++i) {

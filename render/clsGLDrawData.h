@@ -42,7 +42,8 @@ class GLDrawData_cls {
     static std::atomic<bool> msAbort;
     /// Progress of the current draw, 0 to 100.
     static std::atomic<int> msPercentage;
-    /// Called by the draw, at most each 200 ms: the status bar. May be empty.
+    /// Called by the draw, each 30 ms or so: shows the percentage and decides whether to go on. May be empty.
+    /// Draws may use any frame buffer: it leaves context, frame buffer and viewport as it found them.
     static std::function<void()> msStatusObserver;
 
     /// All three outlive the object.
@@ -61,6 +62,8 @@ class GLDrawData_cls {
     /// second.
     void SetLightSourceInfo(int index, const DrawLight_cls& light, double lengthScale, float colourScale);
     void ClearLights() { mLightNumber = 0; }
+    /// Of the particles that the options leave, only each so-manieth is drawn; from 1, which is all.
+    void SetCoarseness(int coarseness) { mCoarseness = coarseness; }
 
     /// Draws a state as the options say. `viewIndex` is the panel's number.
     void GLDraw(int viewIndex, const SnapData_cls& state, const DrawAttributes_cls& attributes);
@@ -75,6 +78,8 @@ class GLDrawData_cls {
         const DrawView_cls& view;
         Order order;
     };
+    /// How far apart the drawn particles are in the data.
+    int GetStep() const;
     void GLDrawAttribute(const Frame& frame);
     void GLDrawPointArrayElement(const Frame& frame);
     void GLDrawPointAll(const Frame& frame);
@@ -94,6 +99,7 @@ class GLDrawData_cls {
     DrawOrder_cls mOrder;
     std::array<DrawLight_cls, kLights> mLights{};
     int mLightNumber = 0;
+    int mCoarseness = 1;
     SpriteBatch_cls mSprites;
     SphereBatch_cls mSpheres;
     GLDrawBillboard_cls mBillboard;

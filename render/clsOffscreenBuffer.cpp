@@ -3,6 +3,21 @@
 #include <algorithm>
 
 #include "render/clsOpenGL.h"
+#include "seam/clsClock.h"
+
+namespace {
+
+constexpr GLuint64 kFenceNanoseconds = 5'000'000;
+
+bool HasFences() {
+    GLint major = 0;
+    GLint minor = 0;
+    glGetIntegerv(GL_MAJOR_VERSION, &major);
+    glGetIntegerv(GL_MINOR_VERSION, &minor);
+    return major * 10 + minor >= 32;
+}
+
+}  // namespace
 
 std::unique_ptr<OffscreenBuffer_cls> OffscreenBuffer_cls::Create(int width, int height) {
     GLint largest = 0;
@@ -55,6 +70,15 @@ void OffscreenBuffer_cls::CopyToWindow(int width, int height) const {
 
 void OffscreenBuffer_cls::Flush() const {
     glFlush();
+}
+
+void OffscreenBuffer_cls::Finish() const {
+    // Without fences whoever needs the picture waits for it, all in one go.
+    if (!HasFences()) return;
+    const GLsync fence = glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
+    while (glClientWaitSync(fence, GL_SYNC_FLUSH_COMMANDS_BIT, kFenceNanoseconds) == GL_TIMEOUT_EXPIRED)
+        Clock_cls::Current().Breathe();
+    glDeleteSync(fence);
 }
 
 std::vector<uint8_t> OffscreenBuffer_cls::ReadRGB() const {

@@ -21,6 +21,8 @@ class OffscreenBuffer_cls {
     void CopyToWindow(int width, int height) const;
     /// Has the driver begin with what was drawn, without waiting for it.
     void Flush() const;
+    /// Waits until all is drawn; the front end lives meanwhile.
+    void Finish() const;
     /// Three bytes a pixel, top row first.
     std::vector<uint8_t> ReadRGB() const;
 

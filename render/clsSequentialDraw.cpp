@@ -9,6 +9,8 @@ namespace {
 
 /// Particles sent together at most: few enough to stay in the cache, and to stop a draw in between.
 constexpr size_t kBlock = 16384;
+/// The same where a sphere is hundreds of triangles.
+constexpr size_t kTessellatedBlock = 512;
 
 }  // namespace
 
@@ -19,6 +21,7 @@ SequentialDraw_cls::SequentialDraw_cls(const DrawView_cls& view, const SnapData_
       mSpritePacker(view, state),
       mSpherePacker(view, state),
       mType(state.GetType()),
+      mBlock(kBlock),
       mLists(lists) {
     for (size_t i = 0; i < mPlans.size(); ++i) mPlans[i].sphereLook = sphereLooks[i];
     MakePlans(state, attributes, step);
@@ -40,7 +43,10 @@ void SequentialDraw_cls::MakePlans(const SnapData_cls& state, const DrawAttribut
         plan.drawsSphere = type == SnapAttribute_cls::kSphere || type == SnapAttribute_cls::kBoth;
         plan.spriteRule = SpriteRule_cls::Of(attribute, isPoint, step, Thinning_cls::Form::Clamped);
         plan.spriteLook.blendType = attribute.mBlendType.mValue;
-        if (plan.drawsSphere) plan.sphereRule.emplace(attribute, state, step);
+        if (plan.drawsSphere) {
+            plan.sphereRule.emplace(attribute, state, step);
+            if (plan.sphereLook.quality != SphereBatch_cls::kRayCast) mBlock = kTessellatedBlock;
+        }
         if (!isBillboard) continue;
         // One texture for all attributes with one picture, so that their billboards can be sent together.
         const auto same = std::find_if(attributes.begin(), attributes.end(), [&](const auto* other) {
@@ -71,8 +77,8 @@ void SequentialDraw_cls::Draw(std::span<const ArrayAndIndex_cls> order, const Sh
     mSprites = &sprites;
     mSpheres = &spheres;
     mShadows = &shadows;
-    for (size_t begin = 0; begin < order.size(); begin += kBlock) {
-        const size_t end = std::min(begin + kBlock, order.size());
+    for (size_t begin = 0; begin < order.size(); begin += mBlock) {
+        const size_t end = std::min(begin + mBlock, order.size());
         for (size_t i = begin; i < end; ++i) {
             const auto particle = static_cast<size_t>(order[i].mIndex);
             const uint8_t type = mType[particle];
@@ -107,7 +113,7 @@ void SequentialDraw_cls::AddSphere(size_t particle, float alpha, uint8_t shadow,
     const float lit = isOnly && shadow != 0 ? mShadows->lightLeft : 1.0F;
     const uint8_t mask = isOnly ? uint8_t{0} : shadow;
     const bool fits = plan.sphereLook == mSphereLook && mask == mShadowMask;
-    if (mPending != Pending::Spheres || !fits || mLists.spheres.size() >= kBlock) {
+    if (mPending != Pending::Spheres || !fits || mLists.spheres.size() >= mBlock) {
         Flush();
         mPending = Pending::Spheres;
         mSphereLook = plan.sphereLook;

@@ -64,6 +64,7 @@ class SequentialDraw_cls {
     const SpritePacker_cls mSpritePacker;
     const SpherePacker_cls mSpherePacker;
     const uint8_t* mType;
+    size_t mBlock;  ///< particles between two looks at the progress
     std::array<Plan, 4> mPlans;
     Lists& mLists;
     SpriteBatch_cls* mSprites = nullptr;

@@ -108,6 +108,7 @@ void ScenePass_cls::DrawData(const SceneView_cls& view, const ViewCamera_cls& ca
         attributes[i] = mLinks.data.GetActive().GetAttributes()[i].get();
     mDrawData.SetCameraPos(camera.mPose.mPosition);
     mDrawData.SetViewDirection(camera.mPose.GetUnitDirection(), projection == Projection::Orthographic);
+    mDrawData.SetCoarseness(view.mCoarseness);
     mDrawData.GLDraw(static_cast<int>(view.mIndex), *view.mState, attributes);
 }
 

@@ -32,6 +32,7 @@ struct SceneView_cls {
     /// Anchor mark, marks of lights, other cameras and messages: for a person at the window, not for saved
     /// pictures.
     bool mAids = false;
+    int mCoarseness = 1;                              ///< see GLDrawData_cls
     std::span<const ViewCamera_cls> mOtherCameras{};  ///< of the other panels
 };
 

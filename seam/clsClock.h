@@ -11,6 +11,8 @@ class Clock_cls {
     /// Milliseconds since some fixed instant, never going back.
     virtual long long Now() = 0;
     virtual void Sleep(int milliseconds) = 0;
+    /// Called by long work between its blocks. The front end lives meanwhile.
+    virtual void Breathe() {}
 
     /// The clock in place: the test's or the front end's, else the system's.
     static Clock_cls& Current();

@@ -1,9 +1,9 @@
 # Sourced by run.sh and test.sh: the Debian packages that each needs.
 
-build_packages="g++ cmake ninja-build ccache libwxgtk3.2-dev libgl-dev libegl-dev libglu1-mesa-dev
+build_packages="g++ cmake ninja-build ccache libwxgtk3.2-dev libgl-dev libegl-dev libglu1-mesa-dev libx11-dev
                 libegl1 libegl-mesa0 libgl1-mesa-dri"
 test_packages="$build_packages libgtest-dev libbenchmark-dev clang-format git lammps povray locales ffmpeg
-               xvfb openbox libx11-dev libxtst-dev"
+               xvfb openbox libxtst-dev"
 
 # Installs what is missing of the packages named, as root or with sudo.
 install_packages() {

@@ -105,7 +105,7 @@ void User_cls::Wheel(wxPoint point, int steps) {
     }
 }
 
-void User_cls::Press(const std::string& keys) {
+void User_cls::Press(const std::string& keys, int heldMs) {
     static const std::map<std::string, std::string> modifiers = {
         {"ctrl", "Control_L"}, {"shift", "Shift_L"}, {"alt", "Alt_L"}};
     std::vector<std::string> names;
@@ -115,6 +115,7 @@ void User_cls::Press(const std::string& keys) {
         names.push_back(found == modifiers.end() ? word : found->second);
     }
     for (const std::string& name : names) Key(name, true);
+    std::this_thread::sleep_for(std::chrono::milliseconds(heldMs));
     for (auto name = names.rbegin(); name != names.rend(); ++name) Key(*name, false);
 }
 

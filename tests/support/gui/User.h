@@ -67,7 +67,7 @@ class User_cls {
     /// Steps of the wheel, up above 0.
     void Wheel(wxPoint point, int steps);
     /// A key by its X name, with modifiers before it: "F5", "space", "ctrl+shift+z".
-    void Press(const std::string& keys);
+    void Press(const std::string& keys, int heldMs = 0);
     /// Letters, digits, and signs that need no more than the shift key.
     void Type(const std::string& text);
 

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "gui/clsMainGLCanvas.h"
+#include "gui/clsTopHalfPanel.h"
+#include "render/clsGLDrawData.h"
+#include "support/MovingCloud.h"
+#include "support/gui/OpenWindow.h"
+#include "support/gui/User.h"
+
+namespace {
+
+using std::chrono::steady_clock;
+
+/// So many spheres of many triangles take seconds.
+constexpr int kSide = 100;
+/// How long a finger is on a key.
+constexpr int kFingerMs = 80;
+
+/// The window with a scene that takes long to draw, and the user before it. While it is drawn the window
+/// answers nobody but the user, so the drawing is watched by its percentage.
+class LongDrawGuiTest : public ::testing::Test {
+  protected:
+    LongDrawGuiTest()
+        : mWindow({WriteMovingCloud(mFolder, 1, kSide), "--set", "SEQ0TYPE0DrawType=2", "--set",
+                   "SEQ0TYPE0DrawQuality=2"}) {}
+
+    TopHalfPanel_cls& Views() { return mWindow.Frame()->GetViews(); }
+    wxString Status(int field) {
+        return OnGui([&] { return mWindow.Frame()->GetStatusBar()->GetStatusText(field); });
+    }
+    static bool WaitForDrawing() {
+        const auto end = steady_clock::now() + std::chrono::seconds(20);
+        while (steady_clock::now() < end) {
+            const int percentage = GLDrawData_cls::msPercentage;
+            if (percentage > 15 && percentage < 60) return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        return false;
+    }
+    static long long MsOf(const std::function<void()>& action) {
+        const auto begin = steady_clock::now();
+        action();
+        return std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - begin).count();
+    }
+
+    TempFolder_cls mFolder;
+    User_cls mUser;
+    OpenWindow_cls mWindow;
+};
+
+TEST_F(LongDrawGuiTest, EndsWhenTheUserWantsSomething) {
+    ASSERT_TRUE(WaitFor([&] { return Views().IsDrawn(); }));
+    const long long full = MsOf([&] {
+        OnGui([&] { Views().Redraw(); });
+        ASSERT_TRUE(WaitForDrawing());
+        ASSERT_TRUE(WaitFor([&] { return Views().IsDrawn(); }));
+    });
+    ASSERT_GT(full, 400) << "nothing to interrupt";
+    const wxString all = wxString::Format("%d of %d particles drawn", kSide * kSide, kSide * kSide);
+    EXPECT_EQ(Status(2), all);
+
+    // A key is taken at once, and the picture comes back afterwards, first a coarse one.
+    OnGui([&] { Views().Redraw(); });
+    ASSERT_TRUE(WaitForDrawing());
+    const auto hasTwo = [&] { return Views().GetLayout() == 1; };
+    EXPECT_LT(MsOf([&] {
+                  mUser.Press("2", kFingerMs);
+                  EXPECT_TRUE(WaitFor(hasTwo));
+              }),
+              full / 2);
+    ASSERT_TRUE(WaitFor([&] { return Views().IsShowing(); }));
+    EXPECT_NE(Status(2), all);
+    ASSERT_TRUE(WaitFor([&] { return Views().IsDrawn(); }, 60000));
+    EXPECT_EQ(Status(2), all);
+    mUser.Press("1");
+    ASSERT_TRUE(WaitFor([&] { return Views().GetLayout() == 0 && Views().IsDrawn(); }, 60000));
+
+    // Escape gives the drawing up: nothing is drawn until something changes.
+    OnGui([&] { Views().Redraw(); });
+    ASSERT_TRUE(WaitForDrawing());
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    EXPECT_LT(MsOf([&] {
+                  mUser.Press("Escape", kFingerMs);
+                  EXPECT_TRUE(WaitFor([&] { return Views().IsDrawn(); }));
+              }),
+              full / 2);
+    GLDrawData_cls::msPercentage = -1;
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    EXPECT_EQ(GLDrawData_cls::msPercentage, -1);
+    EXPECT_FALSE(Status(0).StartsWith("drawing"));
+}
+
+}  // namespace
