@@ -5,6 +5,7 @@
 #include <wx/log.h>
 
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -12,6 +13,7 @@
 
 #include "core/clsBatch.h"
 #include "core/clsWindowSession.h"
+#include "gui/clsFrameMain.h"
 #include "gui/clsViewGL.h"
 #include "output/clsImageFile.h"
 #include "seam/clsTextCoding.h"
@@ -40,6 +42,7 @@ class WindowApp_cls : public wxApp {
 
     bool OnInit() override {
         ImageFile_cls::InitHandlers();
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) SetSignalHandler(signal, OnSignal);
         CallAfter([this] {
             mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());
             mOpened = mSession->Open();
@@ -62,6 +65,12 @@ class WindowApp_cls : public wxApp {
     }
 
   private:
+    /// The toolkit calls it from its loop, where anything may be done.
+    static void OnSignal(int) {
+        const auto& session = static_cast<WindowApp_cls*>(wxTheApp)->mSession;
+        if (session && session->GetFrame()) session->GetFrame()->End();
+    }
+
     const CommandLine_cls& mLine;
     std::unique_ptr<WindowSession_cls> mSession;
     bool mOpened = true;

@@ -111,6 +111,14 @@ void FrameFiles_cls::TakeData(const std::function<bool()>& open) {
     mViews.replaced();
 }
 
+void FrameFiles_cls::Finish(bool keep) {
+    if (keep) {
+        mRecovery.Save();
+    } else {
+        mRecovery.Clear();
+    }
+}
+
 void FrameFiles_cls::CloseData() {
     mContext.timeCtrl.ProcStopPlaying();
     mContext.closeData();

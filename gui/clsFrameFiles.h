@@ -49,8 +49,8 @@ class FrameFiles_cls {
     void NoteChange() { ++mChanges; }
     /// True once after data were opened that no project and no change has set up.
     bool TakeWantsLook() { return std::exchange(mWantsLook, false); }
-    /// The window is about to close: nothing is kept for recovery.
-    void Finish() { mRecovery.Clear(); }
+    /// The window is about to close: unsaved work is kept for the next start, or given up.
+    void Finish(bool keep);
 
     wxString GetTitle() const;
 

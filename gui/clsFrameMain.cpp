@@ -309,6 +309,11 @@ void FrameMain_cls::OnPosted(wxCommandEvent& event) {
     }
 }
 
+void FrameMain_cls::End() {
+    mEnding = true;
+    Close();
+}
+
 void FrameMain_cls::OnClose(wxCloseEvent& event) {
     // A window that waits for a thread closes afterwards.
     if (mClock.IsWaiting()) {
@@ -322,7 +327,7 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
         mDialogs.Cancel();
         return;
     }
-    if (event.CanVeto() && !mFiles.MayLoseChanges()) {
+    if (event.CanVeto() && !mEnding && !mFiles.MayLoseChanges()) {
         event.Veto();
         return;
     }
@@ -330,7 +335,7 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
     mUser.SaveDefaults(mContext.preference.GetItems());
     mUser.SaveWindow(*this, FromFarEnd(*mHalves, mHalves->GetSashPosition()),
                      mTop->IsSplit() ? FromFarEnd(*mTop, mTop->GetSashPosition()) : 0);
-    mFiles.Finish();
+    mFiles.Finish(mEnding);
     if (!mContext.quit()) UserMessage_cls::Tell("Warning", "The configuration could not be written.");
     Destroy();
 }

@@ -37,6 +37,8 @@ class FrameMain_cls : public wxFrame {
     FrameFiles_cls& GetFiles() { return mFiles; }
     Playback_cls& GetPlayback() { return mPlayback; }
     TopHalfPanel_cls& GetViews() { return *mViews; }
+    /// Closes without questions, as the program is told to end: unsaved work is offered at the next start.
+    void End();
     /// Settings may have been changed past the undo list: everything is shown anew.
     void RefreshAll();
 
@@ -81,6 +83,7 @@ class FrameMain_cls : public wxFrame {
     FrameMenu_cls mMenu;
     ModalDialogs_cls mDialogs;
     int mObserver;
+    bool mEnding = false;
 
     FaultBar_cls* mFaults = nullptr;
     wxSplitterWindow* mHalves = nullptr;

@@ -403,11 +403,22 @@ TEST_F(FrameMainGuiTest, UnsavedWorkIsOfferedAtTheNextStart) {
     OnGui([] { DoLastWork(); });
     mWindow.reset();
 
-    mWindow = std::make_unique<OpenWindow_cls>(std::vector<std::string>{"--config", config});
-    ASSERT_TRUE(Answer("Unsaved work", "alt+y"));
-    ASSERT_TRUE(WaitFor([&] { return Frame().GetTitle().StartsWith("*untitled"); }));
-    EXPECT_EQ(OnGui([&] { return Views().GetLayout(); }), 2U);
-    EXPECT_TRUE(SeesParticles(0));
+    const auto openAgain = [&] {
+        mWindow = std::make_unique<OpenWindow_cls>(std::vector<std::string>{"--config", config});
+        ASSERT_TRUE(Answer("Unsaved work", "alt+y"));
+        ASSERT_TRUE(WaitFor([&] { return Frame().GetTitle().StartsWith("*untitled"); }));
+        EXPECT_EQ(OnGui([&] { return Views().GetLayout(); }), 2U);
+        EXPECT_TRUE(SeesParticles(0));
+    };
+    openAgain();
+
+    // The program is told to end while a dialog is open.
+    mUser.Press("F1");
+    ASSERT_TRUE(WaitFor([&] { return wxTopLevelWindows.GetCount() > 1; }));
+    OnGui([&] { Frame().End(); });
+    ASSERT_TRUE(WaitFor([&] { return mWindow->Frame() == nullptr; }));
+    mWindow.reset();
+    openAgain();
 }
 
 }  // namespace
