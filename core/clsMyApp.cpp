@@ -1,6 +1,7 @@
 #include "core/clsMyApp.h"
 
 #include <wx/app.h>
+#include <wx/dialog.h>
 #include <wx/init.h>
 #include <wx/log.h>
 
@@ -43,6 +44,8 @@ class WindowApp_cls : public wxApp {
     bool OnInit() override {
         ImageFile_cls::InitHandlers();
         for (const int signal : {SIGINT, SIGTERM, SIGHUP}) SetSignalHandler(signal, OnSignal);
+        // What does not fit on a small screen scrolls, its buttons apart.
+        wxDialog::EnableLayoutAdaptation(true);
         CallAfter([this] {
             mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());
             mOpened = mSession->Open();
