@@ -67,7 +67,8 @@ void DrawWatch_cls::Look() {
         return;
     }
     WaitingEvents::AnswerPings();
-    if (!mPercentage && passed < kFlickerMs) return;
+    // A coarse picture is none that anybody waits for.
+    if (mNextCoarseness > 1 || (!mPercentage && passed < kFlickerMs)) return;
     mPercentage = DrawnPercentage();
     mShowProgress();
 }
