@@ -71,7 +71,11 @@ class WindowApp_cls : public wxApp {
     /// The toolkit calls it from its loop, where anything may be done.
     static void OnSignal(int) {
         const auto& session = static_cast<WindowApp_cls*>(wxTheApp)->mSession;
-        if (session && session->GetFrame()) session->GetFrame()->End();
+        if (session && session->GetFrame()) {
+            session->GetFrame()->End();
+        } else {
+            wxTheApp->ExitMainLoop();
+        }
     }
 
     const CommandLine_cls& mLine;

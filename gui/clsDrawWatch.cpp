@@ -11,6 +11,8 @@ namespace {
 /// Progress of shorter drawings would only flicker.
 constexpr long long kFlickerMs = 400;
 constexpr int kAllPercent = 100;
+/// Less says little about the rest.
+constexpr int kLeastPercent = 5;
 
 int DrawnPercentage() {
     return GLDrawData_cls::msPercentage.load(std::memory_order_relaxed);
@@ -21,7 +23,8 @@ int DrawnPercentage() {
 bool DrawWatch_cls::Run(int coarseness, const std::function<void()>& draw, long long patienceMs) {
     mNextCoarseness = coarseness;
     mBegin = mClock.Now();
-    mPatienceMs = patienceMs;
+    mPatienceMs = coarseness > 1 ? kEndless : patienceMs;
+    mRunning = true;
     mInterrupted = false;
     GLDrawData_cls::msPercentage.store(0, std::memory_order_relaxed);
     GLDrawData_cls::msStatusObserver = [this] { mClock.Breathe(); };
@@ -30,12 +33,12 @@ bool DrawWatch_cls::Run(int coarseness, const std::function<void()>& draw, long 
         draw();
     }
     GLDrawData_cls::msStatusObserver = nullptr;
+    mRunning = false;
     if (mInterrupted) return false;
     const bool othersShown = coarseness != mCoarseness;
     mCoarseness = coarseness;
     if (coarseness == 1) {
         mFullMs = mClock.Now() - mBegin;
-        mHurried = false;
         if (mPercentage) {
             Stop();
             return true;
@@ -47,7 +50,7 @@ bool DrawWatch_cls::Run(int coarseness, const std::function<void()>& draw, long 
 
 void DrawWatch_cls::Interrupt() {
     if (!mInterrupted && mNextCoarseness == 1)
-        mFullMs = (mClock.Now() - mBegin) * kAllPercent / std::max(DrawnPercentage(), 1);
+        mFullMs = (mClock.Now() - mBegin) * kAllPercent / std::max(DrawnPercentage(), kLeastPercent);
     mInterrupted = true;
     mHurried = true;
     GLDrawData_cls::msAbort.store(true, std::memory_order_relaxed);
@@ -62,7 +65,9 @@ void DrawWatch_cls::Stop() {
 void DrawWatch_cls::Look() {
     const long long passed = mClock.Now() - mBegin;
     // A picture of several parts has several draws, each to be ended.
-    if (mInterrupted || (passed >= mPatienceMs && WaitingEvents::HasInput())) {
+    // What has been handed over to the driver can only be waited for.
+    const bool mayEnd = passed >= mPatienceMs && DrawnPercentage() < kAllPercent;
+    if (mInterrupted || (mayEnd && WaitingEvents::HasInput())) {
         Interrupt();
         return;
     }

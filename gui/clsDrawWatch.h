@@ -1,19 +1,21 @@
 #pragma once
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <utility>
 
 class WindowClock_cls;
 
 /// Keeps the window alive while one of its views is drawn: shows how far the drawing is, and interrupts it
-/// when the user wants something, so that none keeps the user waiting for longer than its patience. No event
-/// is taken meanwhile: what is drawn cannot change.
+/// when the user wants something, so that few keep the user waiting. No event is taken meanwhile: what is
+/// drawn cannot change.
 /// One drawing at a time. Owned by the main window. Threads: GUI thread. Times in milliseconds.
 class DrawWatch_cls {
   public:
-    /// A drawing that is shorter is not interrupted.
+    /// A drawing that is shorter is not interrupted, and a coarse one never is.
     static constexpr long long kPatienceMs = 100;
+    static constexpr long long kEndless = std::numeric_limits<long long>::max();
 
     /// `showProgress` paints at once.
     DrawWatch_cls(WindowClock_cls& clock, std::function<void()> showProgress)
@@ -22,6 +24,8 @@ class DrawWatch_cls {
     /// Runs `draw`, of each so-manieth particle only. False when it was interrupted: the picture is not
     /// whole.
     bool Run(int coarseness, const std::function<void()>& draw, long long patienceMs = kPatienceMs);
+    /// A message that a drawing brings up lets events in: nothing else is drawn then.
+    bool IsRunning() const { return mRunning; }
     /// Asked by a drawing between its parts.
     bool IsInterrupted() const { return mInterrupted; }
 
@@ -44,6 +48,7 @@ class DrawWatch_cls {
 
     WindowClock_cls& mClock;
     const std::function<void()> mShowProgress;
+    bool mRunning = false;
     bool mInterrupted = false;
     bool mHurried = false;
     int mCoarseness = 1;  ///< of the last picture

@@ -112,7 +112,7 @@ void FrameFiles_cls::TakeData(const std::function<bool()>& open) {
 }
 
 void FrameFiles_cls::Finish(bool keep) {
-    if (keep) {
+    if (keep && IsModified()) {
         mRecovery.Save();
     } else {
         mRecovery.Clear();

@@ -34,6 +34,7 @@ constexpr int kLeastPart = 120;
 /// A window manager that is slower does not get its window waited for.
 constexpr long long kShowPatienceMs = 1000;
 constexpr int kShowPeriodMs = 5;
+constexpr int kEndPeriodMs = 200;
 constexpr int kLeastWidth = 260;  // below it the pages' controls do not fit
 
 void TellViews(wxWindow& window, std::uint64_t updateBits) {
@@ -98,7 +99,7 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
               .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mInstant(context, [this](const SnapData_cls& state) { SuggestFirstLook(state); }),
       mPlayback(context, mInstant, mClock,
-                {.isDrawn = [this] { return mViews->IsShowing(); },
+                {.isShowing = [this] { return mViews->IsShowing(); },
                  .redraw = [this] { mViews->Redraw(); },
                  .tellFaults = [this](const std::vector<wxString>& lines) { mFaults->Tell(lines); }}),
       mMenu(*this),
@@ -225,7 +226,11 @@ void FrameMain_cls::TogglePlay() {
 }
 
 void FrameMain_cls::StopWaiting() {
-    mPlayback.StopReading();
+    if (mPlayback.IsSlow()) {
+        mPlayback.StopReading();
+    } else {
+        mPlayback.Stop();
+    }
     mViews->StopDrawing();
 }
 
@@ -311,6 +316,10 @@ void FrameMain_cls::OnPosted(wxCommandEvent& event) {
 
 void FrameMain_cls::End() {
     mEnding = true;
+    mFiles.Finish(true);
+    // A message that waits for its answer cannot be closed for the user: tried until it is gone.
+    mEndTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Close(); });
+    mEndTimer.Start(kEndPeriodMs);
     Close();
 }
 
@@ -331,11 +340,13 @@ void FrameMain_cls::OnClose(wxCloseEvent& event) {
         event.Veto();
         return;
     }
+    mEndTimer.Stop();
     mContext.timeCtrl.ProcStopPlaying();
     mUser.SaveDefaults(mContext.preference.GetItems());
     mUser.SaveWindow(*this, FromFarEnd(*mHalves, mHalves->GetSashPosition()),
                      mTop->IsSplit() ? FromFarEnd(*mTop, mTop->GetSashPosition()) : 0);
     mFiles.Finish(mEnding);
-    if (!mContext.quit()) UserMessage_cls::Tell("Warning", "The configuration could not be written.");
+    if (!mContext.quit() && !mEnding)
+        UserMessage_cls::Tell("Warning", "The configuration could not be written.");
     Destroy();
 }

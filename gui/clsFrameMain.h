@@ -84,6 +84,7 @@ class FrameMain_cls : public wxFrame {
     ModalDialogs_cls mDialogs;
     int mObserver;
     bool mEnding = false;
+    wxTimer mEndTimer;
 
     FaultBar_cls* mFaults = nullptr;
     wxSplitterWindow* mHalves = nullptr;

@@ -3,7 +3,6 @@
 #include <wx/dcclient.h>
 
 #include <algorithm>
-#include <limits>
 
 #include "data/clsPreference.h"
 #include "gui/clsDrawWatch.h"
@@ -18,6 +17,8 @@ constexpr long long kCoarseMs = 60;
 constexpr long long kCoarsest = 10000;
 /// A hand that does nothing for this time has let go.
 constexpr int kRestMs = 150;
+/// Within it the window takes the events that wait.
+constexpr int kEventsMs = 10;
 
 }  // namespace
 
@@ -32,7 +33,7 @@ MainGLCanvas_cls::MainGLCanvas_cls(wxWindow* parent, unsigned int index, FrameCo
       mGL(gl),
       mNavigator(*this, camera, instant, context.preference) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
-    mLater.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { DrawFinely(); });
+    mLater.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnLater(); });
     Bind(wxEVT_PAINT, [this](wxPaintEvent&) { OnPaint(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         Redraw();
@@ -55,7 +56,8 @@ wxSize MainGLCanvas_cls::PixelSize() const {
 }
 
 std::optional<Picture_cls> MainGLCanvas_cls::ReadPicture() {
-    if (mCoarse) Draw(1, std::numeric_limits<long long>::max());
+    if (mGL.GetWatch().IsRunning()) return std::nullopt;
+    if (mCoarse) Draw(1, DrawWatch_cls::kEndless);
     if (!mPicture || !mGL.MakeCurrent(*this)) return std::nullopt;
     mPicture->Bind();
     return Picture_cls{mPicture->GetWidth(), mPicture->GetHeight(), mPicture->ReadRGB(),
@@ -69,21 +71,23 @@ void MainGLCanvas_cls::Redraw() {
 
 void MainGLCanvas_cls::StopDrawing() {
     mStale = false;
-    mCoarse = false;
+    mWantsFine = false;
     mLater.Stop();
 }
 
 void MainGLCanvas_cls::OnPaint() {
     wxPaintDC dc(this);
+    // The context is a drawing's, which has brought up a message.
+    if (mGL.GetWatch().IsRunning()) return;
     if (mGL.MakeCurrent(*this)) {
         if (mPicture) mPicture->CopyToWindow(PixelSize().x, PixelSize().y);
         SwapBuffers();
-        mUnpainted = false;
     } else {
         dc.SetBackground(*wxBLACK_BRUSH);
         dc.Clear();
         mStale = false;
     }
+    mUnpainted = false;
     // What asked for it may have come before there was a place on the screen, or data.
     if (mStale) DrawSoon();
 }
@@ -91,7 +95,6 @@ void MainGLCanvas_cls::OnPaint() {
 void MainGLCanvas_cls::DrawSoon() {
     if (mScheduled) return;
     mScheduled = true;
-    // What the user has done meanwhile comes first.
     CallAfter([this] {
         mScheduled = false;
         DrawIfStale();
@@ -105,12 +108,17 @@ bool MainGLCanvas_cls::IsHandBusy() const {
 
 int MainGLCanvas_cls::ChooseCoarseness() const {
     const DrawWatch_cls& watch = mGL.GetWatch();
-    if (watch.GetFullMs() <= DrawWatch_cls::kPatienceMs || !(watch.IsHurried() || IsHandBusy())) return 1;
-    return static_cast<int>(std::clamp<long long>(watch.GetFullMs() / kCoarseMs, 1, kCoarsest));
+    const long long full = mFullMs > 0 ? mFullMs : watch.GetFullMs();
+    if (full <= DrawWatch_cls::kPatienceMs || !(watch.IsHurried() || IsHandBusy())) return 1;
+    return static_cast<int>(std::clamp<long long>(full / kCoarseMs, 2, kCoarsest));
 }
 
 void MainGLCanvas_cls::DrawIfStale() {
     if (!mStale || !IsShownOnScreen()) return;
+    if (mGL.GetWatch().IsRunning()) {
+        mLater.StartOnce(kRestMs);
+        return;
+    }
     // An instant that is not there yet leaves the last picture, unless the camera is being moved.
     if (!mInstant.MayPrepare() || !(mInstant.IsReady() || mCamera.IsMoving())) return;
     Draw(ChooseCoarseness(), DrawWatch_cls::kPatienceMs);
@@ -118,44 +126,54 @@ void MainGLCanvas_cls::DrawIfStale() {
 
 void MainGLCanvas_cls::Draw(int coarseness, long long patienceMs) {
     mStale = false;
+    // It is the rest's, or that of a drawing which is done now.
+    if (!mWantsFine) mLater.Stop();
+    bool drawn = false;
     const bool whole = mGL.GetWatch().Run(
-        coarseness, [&] { DrawScene(coarseness); }, patienceMs);
-    mCoarse = whole && coarseness > 1;
-    if (whole) {
+        coarseness, [&] { drawn = DrawScene(coarseness); }, patienceMs);
+    if (coarseness == 1) mFullMs = mGL.GetWatch().GetFullMs();
+    if (!whole) {
+        mStale = true;
+        mWantsFine = false;
+        // After the events that have interrupted it.
+        mLater.StartOnce(kEventsMs);
+        return;
+    }
+    if (drawn) {
         std::swap(mPicture, mNext);
-        mUnpainted = true;
-        Refresh(false);
-    } else {
-        Redraw();
+        mCoarse = coarseness > 1;
     }
-    if (mCoarse) {
-        mLater.StartOnce(kRestMs);
-    } else {
+    mUnpainted = true;
+    mWantsFine = coarseness > 1;
+    Refresh(false);
+    if (!mWantsFine) {
         mLater.Stop();
-    }
-}
-
-void MainGLCanvas_cls::DrawFinely() {
-    if (IsHandBusy()) {
+    } else if (!mLater.IsRunning()) {
         mLater.StartOnce(kRestMs);
-        return;
     }
-    mGL.GetWatch().Rest();
-    mStale = true;
-    DrawIfStale();
 }
 
-void MainGLCanvas_cls::DrawScene(int coarseness) {
-    const SnapData_cls* state = mInstant.Get();
-    if (mGL.GetWatch().IsInterrupted()) return;
-    const wxSize size = PixelSize();
-    if (!mGL.MakeCurrent(*this)) {
-        mNext.reset();
-        return;
+void MainGLCanvas_cls::OnLater() {
+    if (mWantsFine && !mStale) {
+        if (IsHandBusy()) {
+            mLater.StartOnce(kRestMs);
+            return;
+        }
+        mGL.GetWatch().Rest();
+        mStale = true;
     }
+    DrawIfStale();
+    // Something waits, and idle work must not run inside of it.
+    if (mWantsFine && mStale && !mLater.IsRunning()) mLater.StartOnce(kRestMs);
+}
+
+bool MainGLCanvas_cls::DrawScene(int coarseness) {
+    const SnapData_cls* state = mInstant.Get();
+    if (mGL.GetWatch().IsInterrupted() || !mGL.MakeCurrent(*this)) return false;
+    const wxSize size = PixelSize();
     if (!mNext || mNext->GetWidth() != size.x || mNext->GetHeight() != size.y)
         mNext = OffscreenBuffer_cls::Create(size.x, size.y);
-    if (!mNext) return;
+    if (!mNext) return false;
     mNext->Bind();
     const SceneView_cls view{.mPanel = *mContext.panelSettings[mIndex],
                              .mIndex = mIndex,
@@ -172,4 +190,5 @@ void MainGLCanvas_cls::DrawScene(int coarseness) {
         mMessage = mGL.GetPass().GetMessage();
         if (mMessageObserver) CallAfter([this] { mMessageObserver(); });
     }
+    return true;
 }

@@ -28,8 +28,9 @@ class MainGLCanvas_cls : public wxGLCanvas {
     /// The scene is drawn anew as soon as the window has time; a mere exposure shows the picture that is
     /// there.
     void Redraw();
-    /// True when the scene has been drawn with all particles since the last Redraw(), or cannot be seen.
-    bool IsDrawn() const { return IsShowing() && !(mCoarse && IsShownOnScreen()); }
+    /// True when the scene has been drawn with all particles since the last Redraw(), or nobody waits
+    /// for it.
+    bool IsDrawn() const { return IsShowing() && !(mWantsFine && IsShownOnScreen()); }
     /// The same, but for coarse pictures.
     bool IsShowing() const { return !(mStale || mUnpainted) || !IsShownOnScreen(); }
     /// The picture stays as it is until something changes.
@@ -49,9 +50,10 @@ class MainGLCanvas_cls : public wxGLCanvas {
     void DrawSoon();
     void DrawIfStale();
     void Draw(int coarseness, long long patienceMs);
-    /// With all particles, if the hand rests.
-    void DrawFinely();
-    void DrawScene(int coarseness);
+    /// What had to wait is drawn now; with all particles, if the hand rests.
+    void OnLater();
+    /// False when there is nothing to draw into.
+    bool DrawScene(int coarseness);
     int ChooseCoarseness() const;
     bool IsHandBusy() const;
 
@@ -67,6 +69,8 @@ class MainGLCanvas_cls : public wxGLCanvas {
     bool mStale = true;
     bool mScheduled = false;
     bool mUnpainted = false;
-    bool mCoarse = false;
+    bool mWantsFine = false;
+    bool mCoarse = false;   ///< the picture
+    long long mFullMs = 0;  ///< what the scene takes with all particles
     wxString mMessage;
 };

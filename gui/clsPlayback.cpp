@@ -120,7 +120,7 @@ void Playback_cls::TellFaults(int snapshot) {
 
 bool Playback_cls::HasShown() const {
     return mInstant.IsReady() &&
-           (mViews.isDrawn() || Clock_cls::Current().Now() - mSteppedAt > kPaintPatienceMs);
+           (mViews.isShowing() || Clock_cls::Current().Now() - mSteppedAt > kPaintPatienceMs);
 }
 
 void Playback_cls::WorkOnTime() {

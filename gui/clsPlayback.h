@@ -19,7 +19,7 @@ class WindowClock_cls;
 class Playback_cls : public wxEvtHandler {
   public:
     struct Views {
-        std::function<bool()> isDrawn;  ///< every view that can be seen shows the current instant
+        std::function<bool()> isShowing;  ///< every view that can be seen shows the current instant
         std::function<void()> redraw;
         /// What is wrong with files that are shown now.
         std::function<void(const std::vector<wxString>& lines)> tellFaults;

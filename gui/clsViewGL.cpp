@@ -46,7 +46,7 @@ bool ViewGL_cls::MakeCurrent(wxGLCanvas& canvas) {
     if (first) mContext = std::make_unique<CanvasContext_cls>(canvas);
     if (mContext->IsOK() && mContext->MakeCurrentOn(canvas) && (!first || Check())) return true;
     mFailed = true;
-    // Not from inside of the painting that has found it.
+    // Not from inside of the drawing that has found it.
     canvas.CallAfter([] {
         UserMessage_cls::Tell("Warning",
                               "This display has no OpenGL 2.1 with frame buffers: the views stay empty.");

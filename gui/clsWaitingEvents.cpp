@@ -14,15 +14,28 @@ Display* GetDisplay() {
 }
 
 struct Search {
+    Atom protocols;
     Atom message;
+    int inputExtension;
     bool found = false;
 };
 
-bool IsMessage(const XEvent& event, Atom message) {
-    return event.type == ClientMessage && static_cast<Atom>(event.xclient.data.l[0]) == message;
+Search SearchFor(Display* display, const char* message) {
+    int opcode = -1;
+    int event = 0;
+    int error = 0;
+    XQueryExtension(display, "XInputExtension", &opcode, &event, &error);
+    return {.protocols = XInternAtom(display, "WM_PROTOCOLS", False),
+            .message = XInternAtom(display, message, False),
+            .inputExtension = opcode};
 }
 
-bool IsInput(const XEvent& event, Atom closing) {
+bool IsMessage(const XEvent& event, const Search& search) {
+    return event.type == ClientMessage && event.xclient.message_type == search.protocols &&
+           static_cast<Atom>(event.xclient.data.l[0]) == search.message;
+}
+
+bool IsInput(const XEvent& event, const Search& search) {
     switch (event.type) {
         case KeyPress:
         case KeyRelease:
@@ -32,11 +45,12 @@ bool IsInput(const XEvent& event, Atom closing) {
             return true;
         case GenericEvent: {
             const int type = event.xcookie.evtype;
+            if (event.xcookie.extension != search.inputExtension) return false;
             return type == XI_KeyPress || type == XI_KeyRelease || type == XI_ButtonPress ||
                    type == XI_ButtonRelease;
         }
         default:
-            return IsMessage(event, closing);
+            return IsMessage(event, search);
     }
 }
 
@@ -45,14 +59,15 @@ bool IsInput(const XEvent& event, Atom closing) {
 bool HasInput() {
     Display* display = GetDisplay();
     if (!display) return false;
-    Search search{.message = XInternAtom(display, "WM_DELETE_WINDOW", False)};
+    static const Search closing = SearchFor(display, "WM_DELETE_WINDOW");
+    Search search = closing;
     XEvent none;
     // Looks at all events and takes none of them.
     XCheckIfEvent(
         display, &none,
         [](Display*, XEvent* event, XPointer into) -> Bool {
             auto& found = *reinterpret_cast<Search*>(into);
-            found.found = found.found || IsInput(*event, found.message);
+            found.found = found.found || IsInput(*event, found);
             return False;
         },
         reinterpret_cast<XPointer>(&search));
@@ -62,9 +77,9 @@ bool HasInput() {
 void AnswerPings() {
     Display* display = GetDisplay();
     if (!display) return;
-    Search search{.message = XInternAtom(display, "_NET_WM_PING", False)};
+    static Search search = SearchFor(display, "_NET_WM_PING");
     const auto isPing = [](Display*, XEvent* event, XPointer ping) -> Bool {
-        return IsMessage(*event, reinterpret_cast<Search*>(ping)->message) ? True : False;
+        return IsMessage(*event, *reinterpret_cast<Search*>(ping)) ? True : False;
     };
     XEvent event;
     while (XCheckIfEvent(display, &event, isPing, reinterpret_cast<XPointer>(&search))) {

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Looks at the events that wait for a program which is too busy to take them: its long work ends early for
-/// some, and answers the window manager, which else would call the program dead.
+/// The events that wait while the program is busy. Long work looks whether it had better end, and answers the
+/// window manager, which else would call the program dead.
 /// Threads: GUI thread. Where the display is not an X server nothing is ever seen to wait.
 namespace WaitingEvents {
 

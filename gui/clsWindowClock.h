@@ -6,8 +6,8 @@
 #include "seam/clsClock.h"
 
 /// The clock of a program with a window: while the GUI thread sleeps in a wait, the window is painted and its
-/// posted events are taken. What may only happen outside of waits asks IsWaiting(). Owned
-/// by the main window. Threads: any; only the GUI thread's sleeps pump.
+/// posted events are taken. What may only happen outside of waits asks IsWaiting().
+/// Owned by the main window. Threads: any; only the GUI thread's sleeps pump.
 class WindowClock_cls : public Clock_cls {
   public:
     WindowClock_cls();

@@ -62,11 +62,11 @@ void BillboardTexture_cls::Load() {
         GenerateBufferRGBA(image);
         return;
     }
-    if (mToldFile != mFile)
-        UserMessage_cls::Tell("Warning",
-                              wxString::Format("The billboard texture %s is not used: %s.", path, why));
-    mToldFile = mFile;
     MakeSoftSprite();
+    if (mToldFile == mFile) return;
+    mToldFile = mFile;
+    UserMessage_cls::Tell("Warning",
+                          wxString::Format("The billboard texture %s is not used: %s.", path, why));
 }
 
 void BillboardTexture_cls::GenerateBufferRGBA(const wxImage& image) {

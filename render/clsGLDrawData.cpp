@@ -19,6 +19,8 @@ std::function<void()> GLDrawData_cls::msStatusObserver;
 namespace {
 
 constexpr size_t kPointBlock = 16384;
+/// What few particles stand for many must not cost as much as these.
+constexpr int kCoarsestLook = 4;
 
 /// Everything that drawing changes, given back at its end.
 class SavedGL {
@@ -65,9 +67,13 @@ void GLDrawData_cls::SetViewDirection(const Vector3& direction, bool isOrthograp
     mView.mIsOrthographic = isOrthographic;
 }
 
-int GLDrawData_cls::GetStep() const {
-    const long long step = static_cast<long long>(mOption.GetStep()) * mCoarseness;
+int GLDrawData_cls::GetStep(int coarseness) const {
+    const long long step = static_cast<long long>(mOption.GetStep()) * coarseness;
     return static_cast<int>(std::min<long long>(step, std::numeric_limits<int>::max()));
+}
+
+int GLDrawData_cls::GetLookStep() const {
+    return GetStep(std::min(mCoarseness, kCoarsestLook));
 }
 
 void GLDrawData_cls::SetLightSourceInfo(int index, const DrawLight_cls& light, double lengthScale,
@@ -88,7 +94,7 @@ void GLDrawData_cls::GLDraw(int, const SnapData_cls& state, const DrawAttributes
     msAbort.store(false, std::memory_order_relaxed);
     msPercentage.store(0, std::memory_order_relaxed);
     if (state.GetCount() > 0) {
-        const auto order = mOrder.ZSortAtFBO0(state.GetCount(), GetStep(), state.GetPosition(),
+        const auto order = mOrder.ZSortAtFBO0(state.GetCount(), GetStep(mCoarseness), state.GetPosition(),
                                               mOption.mSortOrder.mValue, mView);
         const SavedGL saved;
         const DrawView_cls view = DrawView_cls::FromGL(mView.mCamera, state);
@@ -127,7 +133,7 @@ void GLDrawData_cls::GLDrawAttribute(const Frame& frame) {
 void GLDrawData_cls::GLDrawPointArrayElement(const Frame& frame) {
     // One colour for all, whatever their radius.
     SpriteRule_cls rule =
-        SpriteRule_cls::Of(*frame.attributes[0], true, GetStep(), Thinning_cls::Form::Clamped);
+        SpriteRule_cls::Of(*frame.attributes[0], true, GetLookStep(), Thinning_cls::Form::Clamped);
     if (rule.dependsOnRadius) {
         const GLAttribute_cls::Alpha alpha = frame.attributes[0]->GetAlpha();
         rule.dependsOnRadius = false;
@@ -139,7 +145,8 @@ void GLDrawData_cls::GLDrawPointArrayElement(const Frame& frame) {
 }
 
 void GLDrawData_cls::GLDrawPointAll(const Frame& frame) {
-    DrawPoints(frame, SpriteRule_cls::Of(*frame.attributes[0], true, GetStep(), Thinning_cls::Form::Clamped));
+    DrawPoints(frame,
+               SpriteRule_cls::Of(*frame.attributes[0], true, GetLookStep(), Thinning_cls::Form::Clamped));
 }
 
 void GLDrawData_cls::DrawPoints(const Frame& frame, const SpriteRule_cls& rule) {
@@ -161,8 +168,8 @@ void GLDrawData_cls::GLDrawBillboardAll(const Frame& frame) {
     const bool hasManyColours = attribute.mAlphaType.mValue != SnapAttribute_cls::kConstantAlpha ||
                                 attribute.GetCurve(SnapAttribute_cls::kColor).IsOn();
     const bool isThreaded = frame.order.size() > GLDrawBillboard_cls::kLargestSingle && hasManyColours;
-    const auto rule =
-        SpriteRule_cls::Of(attribute, false, GetStep(), Thinning_cls::Form::Unclamped, isThreaded);
+    const auto form = mCoarseness > 1 ? Thinning_cls::Form::Clamped : Thinning_cls::Form::Unclamped;
+    const auto rule = SpriteRule_cls::Of(attribute, false, GetLookStep(), form, isThreaded);
     mSprites.Begin(frame.view,
                    {.texture = attribute.GetTextureName(), .blendType = attribute.mBlendType.mValue});
     if (isThreaded) {
@@ -174,7 +181,7 @@ void GLDrawData_cls::GLDrawBillboardAll(const Frame& frame) {
 }
 
 void GLDrawData_cls::GLDrawSphereAll(const Frame& frame) {
-    const SphereRule_cls rule(*frame.attributes[0], frame.state, GetStep());
+    const SphereRule_cls rule(*frame.attributes[0], frame.state, GetLookStep());
     const SpherePacker_cls packer(frame.view, frame.state);
     DrawProgress_cls progress(frame.order.size());
     mSpheres.Begin(frame.view, SphereLookOf(*frame.attributes[0]));
@@ -201,7 +208,7 @@ void GLDrawData_cls::GLDrawSequential(const Frame& frame) {
     SequentialDraw_cls::SphereLooks looks;
     for (size_t i = 0; i < looks.size(); ++i) looks[i] = SphereLookOf(*frame.attributes[i]);
     DrawProgress_cls progress(frame.order.size());
-    SequentialDraw_cls draw(frame.view, frame.state, frame.attributes, GetStep(), looks, mLists);
+    SequentialDraw_cls draw(frame.view, frame.state, frame.attributes, GetLookStep(), looks, mLists);
     draw.Draw(frame.order, FindShadows(frame), mSprites, mSpheres, progress);
 }
 
@@ -215,7 +222,7 @@ SphereBatch_cls::Look GLDrawData_cls::SphereLookOf(const GLAttribute_cls& attrib
 
 SequentialDraw_cls::Shadows GLDrawData_cls::FindShadows(const Frame& frame) {
     if (mOption.mShadow.mValue != DrawOption_cls::kShadowVolume || mLightNumber == 0) return {};
-    const float step = Thinning_cls::GetRadiusFactor(GetStep(), Thinning_cls::Form::Clamped);
+    const float step = Thinning_cls::GetRadiusFactor(GetLookStep(), Thinning_cls::Form::Clamped);
     mShadowRadii.assign(frame.order.size(), 0.0F);
     bool any = false;
     for (size_t i = 0; i < frame.order.size(); ++i) {

@@ -79,7 +79,9 @@ class GLDrawData_cls {
         Order order;
     };
     /// How far apart the drawn particles are in the data.
-    int GetStep() const;
+    int GetStep(int coarseness) const;
+    /// What size and opacity of the drawn particles make up for.
+    int GetLookStep() const;
     void GLDrawAttribute(const Frame& frame);
     void GLDrawPointArrayElement(const Frame& frame);
     void GLDrawPointAll(const Frame& frame);

@@ -1,6 +1,7 @@
 #include "render/clsOffscreenBuffer.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "render/clsOpenGL.h"
 #include "seam/clsClock.h"
@@ -10,11 +11,10 @@ namespace {
 constexpr GLuint64 kFenceNanoseconds = 5'000'000;
 
 bool HasFences() {
-    GLint major = 0;
-    GLint minor = 0;
-    glGetIntegerv(GL_MAJOR_VERSION, &major);
-    glGetIntegerv(GL_MINOR_VERSION, &minor);
-    return major * 10 + minor >= 32;
+    const char* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
+    int major = 0;
+    int minor = 0;
+    return version && std::sscanf(version, "%d.%d", &major, &minor) == 2 && major * 10 + minor >= 32;
 }
 
 }  // namespace

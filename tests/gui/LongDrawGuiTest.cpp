@@ -68,16 +68,21 @@ TEST_F(LongDrawGuiTest, EndsWhenTheUserWantsSomething) {
     // A key is taken at once, and the picture comes back afterwards, first a coarse one.
     OnGui([&] { Views().Redraw(); });
     ASSERT_TRUE(WaitForDrawing(kEarly));
-    const auto hasTwo = [&] { return Views().GetLayout() == 1; };
+    bool wasCoarse = false;
+    const auto look = [&] {
+        wasCoarse = wasCoarse || mWindow.Frame()->GetStatusBar()->GetStatusText(2) != all;
+    };
     EXPECT_LT(MsOf([&] {
                   mUser.Press("2", kFingerMs);
-                  EXPECT_TRUE(WaitFor(hasTwo));
+                  EXPECT_TRUE(WaitFor([&] {
+                      look();
+                      return Views().GetLayout() == 1;
+                  }));
               }),
               full / 2);
-    bool wasCoarse = false;
     ASSERT_TRUE(WaitFor(
         [&] {
-            wasCoarse = wasCoarse || mWindow.Frame()->GetStatusBar()->GetStatusText(2) != all;
+            look();
             return Views().IsDrawn();
         },
         60000));
