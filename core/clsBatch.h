@@ -7,6 +7,7 @@
 #include "core/clsFrameSource.h"
 #include "core/clsMain.h"
 #include "core/clsProjectFile.h"
+#include "seam/clsProjectName.h"
 
 /// Does what the command line asks for without a window.
 /// Output: results and diagnostic lines on standard output, progress and messages on standard error.
@@ -25,7 +26,7 @@ class Batch_cls {
     int Save();
     int Pov();
 
-    bool IsProject() const { return mLine.mFile.Lower().EndsWith(".vhp"); }
+    bool IsProject() const { return ProjectName::IsProject(mLine.mFile); }
     bool HasData();
     /// Gives the settings of data without a project a first look, but for those that were given by hand.
     void ApplyFirstLook();

@@ -3,6 +3,7 @@
 #include <getopt.h>
 
 #include "output/clsImageFile.h"
+#include "seam/clsProjectName.h"
 #include "seam/clsTextCoding.h"
 
 namespace {
@@ -83,7 +84,7 @@ wxString FindConflict(const CommandLine_cls& line) {
     if (line.mAction == Action::Render && !ImageFile_cls::IsKnownFormat(line.mPattern)) {
         return line.mPattern + ": the picture's name must end in .png, .jpg, .tif or .bmp";
     }
-    if (line.mAction == Action::Save && !line.mProject.Lower().EndsWith(".vhp")) {
+    if (line.mAction == Action::Save && !ProjectName::IsProject(line.mProject)) {
         // A mixed-up order of the names must not write over data.
         return line.mProject + ": a project's name must end in .vhp";
     }

@@ -4,6 +4,7 @@
 
 #include "core/clsProjectFile.h"
 #include "gui/clsFrameMain.h"
+#include "seam/clsProjectName.h"
 #include "seam/clsUserMessage.h"
 
 WindowSession_cls::WindowSession_cls(const CommandLine_cls& line, const wxString& programFolder)
@@ -66,7 +67,7 @@ bool WindowSession_cls::Open() {
     // The toolkit owns its windows.
     mFrame = new FrameMain_cls(mContext);
     mFrame->ShowAndWait();
-    const bool project = mLine.mFile.Lower().EndsWith(".vhp");
+    const bool project = ProjectName::IsProject(mLine.mFile);
     if (project) mFrame->GetFiles().OpenProject(mLine.mFile);
     for (const wxString& setting : mLine.mSettings) {
         const wxString error = mMain.GetProjectFile().ApplySetting(setting);

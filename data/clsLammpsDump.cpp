@@ -122,7 +122,7 @@ std::optional<Header> ReadHeader(std::string_view text) {
     return std::nullopt;
 }
 
-bool Names(const std::vector<std::string>& columns, const char* name) {
+bool HasColumn(const std::vector<std::string>& columns, const char* name) {
     return std::ranges::find(columns, name) != columns.end();
 }
 
@@ -132,11 +132,11 @@ LoadPreset_cls PresetOf(const Header& header, const std::vector<int>& body) {
     // Velocities are per unit of the run's time: of no use where the steps' numbers are the time.
     if (hasVelocity && header.hasTime) preset.mInterpolateType = DataLoader_cls::kHermite;
     // Atoms change their order from step to step.
-    if (Names(header.columns, "id")) preset.mVariableNumber = DataLoader_cls::kVariable;
-    const bool isWrapped = Names(header.columns, "x") || Names(header.columns, "xs");
+    if (HasColumn(header.columns, "id")) preset.mVariableNumber = DataLoader_cls::kVariable;
+    const bool isWrapped = HasColumn(header.columns, "x") || HasColumn(header.columns, "xs");
     preset.mBox = isWrapped ? header.box : std::nullopt;
     // Positions given in parts of the box.
-    if (preset.mBox && Names(header.columns, "xs")) preset.mBox->length.fill(1.0F);
+    if (preset.mBox && HasColumn(header.columns, "xs")) preset.mBox->length.fill(1.0F);
     return preset;
 }
 

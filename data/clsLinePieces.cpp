@@ -8,14 +8,14 @@
 
 namespace {
 
-constexpr size_t kPieceByte = 262144;
+constexpr size_t kTextPieceByte = 262144;
 
 }  // namespace
 
 bool LinePieces_cls::Next(std::vector<char>* buffer, std::string_view* lines) {
     const bool isStart = mPosition == 0;
     size_t filled = mRest.size();
-    buffer->resize(std::max({buffer->size(), kPieceByte, 2 * filled}));
+    buffer->resize(std::max({buffer->size(), kTextPieceByte, 2 * filled}));
     std::ranges::copy(mRest, buffer->begin());
     size_t end = 0;
     while (end == 0 && !mEnded) {

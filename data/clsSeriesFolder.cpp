@@ -143,7 +143,7 @@ wxString SeriesFolder_cls::MakeLinks(const SeriesNames_cls& names) const {
 
 std::optional<SeriesFolder_cls> SeriesFolder_cls::Of(const wxString& path) {
     const std::string bytes = ToBytes(path);
-    const size_t root = bytes.find(std::string(kRootName) + "/");
+    const size_t root = bytes.find(std::string(kRootName).append("/"));
     if (root == std::string::npos) return std::nullopt;
     std::error_code failed;
     if (!path.StartsWith(GetRoot() + "/") && fs::exists(bytes, failed)) return std::nullopt;

@@ -12,6 +12,7 @@
 #include "data/clsSeriesFolder.h"
 #include "gui/clsDataOpening.h"
 #include "gui/clsFrameSettings.h"
+#include "seam/clsProjectName.h"
 #include "seam/clsUserMessage.h"
 #include "timeline/clsTimeCtrl.h"
 #include "timeline/clsUndoManager.h"
@@ -20,11 +21,6 @@ namespace {
 
 constexpr const char* kProgram = "Varnholt 3 v 0.80";
 constexpr const char* kProjects = "Project file (*.vhp)|*.vhp";
-constexpr const char* kEnding = ".vhp";
-
-bool IsProject(const wxString& path) {
-    return path.Lower().EndsWith(kEnding);
-}
 
 wxString FolderOf(const ConfItemSTR_cls& lastFile) {
     return wxFileName(lastFile.GetValueText()).GetPath();
@@ -60,7 +56,7 @@ wxString FrameFiles_cls::GetTitle() const {
 }
 
 void FrameFiles_cls::Open(const wxString& path) {
-    if (IsProject(path)) {
+    if (ProjectName::IsProject(path)) {
         if (MayLoseChanges()) OpenProject(path);
     } else {
         OpenData(path);
@@ -155,7 +151,7 @@ bool FrameFiles_cls::SaveAs() {
                         kProjects, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     if (dialog.ShowModal() != wxID_OK) return false;
     const wxString path = dialog.GetPath();
-    return SaveTo(IsProject(path) ? path : path + kEnding);
+    return SaveTo(ProjectName::IsProject(path) ? path : path + ProjectName::kEnding);
 }
 
 bool FrameFiles_cls::MayLoseChanges() {

@@ -18,6 +18,7 @@
 
 #include "data/clsFileSequence.h"
 #include "gui/clsWords.h"
+#include "seam/clsProjectName.h"
 #include "timeline/clsTimeCtrl.h"
 
 namespace {
@@ -230,7 +231,7 @@ void ImgSequenceGUI_cls::SaveAll() {
     if (IsSaving() || !ReadEntries() || !mSequence.EnsureNumbered()) return;
     mPattern->SetValue(mSequence.mPattern);
     if (mProject.empty()) {
-        mProject = wxFileName::CreateTempFileName("varnholt3-") + ".vhp";
+        mProject = wxFileName::CreateTempFileName("varnholt3-") + ProjectName::kEnding;
         wxRemoveFile(mProject.BeforeLast('.'));
     }
     if (!mLinks.saveCopy(mProject)) {

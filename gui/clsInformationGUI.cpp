@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr const char* kName = "information";
+constexpr const char* kInformationName = "information";
 constexpr int kInfoWidth = 560;
 constexpr int kDataHeight = 165;
 constexpr int kFrameHeight = 310;
@@ -18,7 +18,7 @@ constexpr int kInfoNameWidth = 150;
 
 InformationGUI_cls::InformationGUI_cls(wxWindow* parent, const Information_cls& information)
     : wxDialog(parent, wxID_ANY, "Information", wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, kName),
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, kInformationName),
       mInformation(information) {
     auto* column = new wxBoxSizer(wxVERTICAL);
     const auto add = [this, column](const wxString& heading, int height) {
@@ -61,7 +61,7 @@ void InformationGUI_cls::ShowSettings(std::uint64_t) {
 }
 
 void OpenInformation(wxWindow* parent, FrameContext_cls& context) {
-    wxWindow* dialog = wxWindow::FindWindowByName(kName, parent);
+    wxWindow* dialog = wxWindow::FindWindowByName(kInformationName, parent);
     if (!dialog) {
         dialog = new InformationGUI_cls(
             parent, Information_cls(context.seqCtrl, context.dataLoader, context.timeCtrl));

@@ -11,11 +11,11 @@
 #include <csignal>
 
 #include "seam/clsDiagnostics.h"
+#include "seam/clsProjectName.h"
 
 namespace {
 
 constexpr const char* kPrefix = "unsaved-";
-constexpr const char* kEnding = ".vhp";
 
 bool IsAlive(long process) {
     return process > 0 && (kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
@@ -25,8 +25,9 @@ bool IsAlive(long process) {
 
 Recovery_cls::Recovery_cls(const wxString& folder, Host host)
     : mFolder(folder),
-      mPath(folder.empty() ? wxString()
-                           : wxString::Format("%s/%s%lu%s", folder, kPrefix, wxGetProcessId(), kEnding)),
+      mPath(folder.empty()
+                ? wxString()
+                : wxString::Format("%s/%s%lu%s", folder, kPrefix, wxGetProcessId(), ProjectName::kEnding)),
       mHost(std::move(host)) {
     if (mFolder.empty()) return;
     SetLastWork([this] {
@@ -44,8 +45,8 @@ std::optional<wxString> Recovery_cls::FindLeft() const {
     wxDir folder;
     if (mFolder.empty() || !folder.Open(mFolder)) return std::nullopt;
     wxString name;
-    for (bool more = folder.GetFirst(&name, wxString(kPrefix) + "*" + kEnding, wxDIR_FILES); more;
-         more = folder.GetNext(&name)) {
+    for (bool more = folder.GetFirst(&name, wxString(kPrefix) + "*" + ProjectName::kEnding, wxDIR_FILES);
+         more; more = folder.GetNext(&name)) {
         long process = 0;
         if (!name.Mid(wxString(kPrefix).length()).BeforeFirst('.').ToLong(&process)) continue;
         const wxString path = mFolder + "/" + name;

@@ -14,7 +14,7 @@
 namespace {
 
 /// What window frames and panels of the desktop take of the screen.
-constexpr int kDesktop = 80;
+constexpr int kSettingsDesktop = 80;
 
 }  // namespace
 
@@ -46,8 +46,8 @@ SettingsDialog_cls::SettingsDialog_cls(wxWindow& parent, const wxString& title, 
     // On a small screen the page scrolls.
     const wxRect screen = wxDisplay(&parent).GetClientArea();
     SetMinSize(wxSize());
-    SetSize(wxSize(std::min(GetSize().x, screen.width - kDesktop),
-                   std::min(GetSize().y, screen.height - kDesktop)));
+    SetSize(wxSize(std::min(GetSize().x, screen.width - kSettingsDesktop),
+                   std::min(GetSize().y, screen.height - kSettingsDesktop)));
     // At the right, over the pages of settings: what is changed is seen in the views.
     const wxRect above = parent.GetScreenRect();
     Move(std::clamp(above.GetRight() - GetSize().x, screen.x, screen.GetRight()),

@@ -8,7 +8,7 @@
 namespace {
 
 constexpr size_t kMostCurves = 12;  // of a container; more could not be told apart
-constexpr double kStep = 2.0;       // pixels between two points of a curve
+constexpr double kCurveStep = 2.0;  // pixels between two points of a curve
 constexpr double kRoom = 0.12;      // of the height, above and below
 constexpr int kCurveGrip = 2;
 
@@ -71,7 +71,7 @@ void TimelineCurves_cls::FitValues() {
         high = std::max(high, value);
     };
     for (const Curve& curve : GetCurves()) {
-        for (double x = 0.0; x <= mModel.mScale.GetWidth(); x += kStep)
+        for (double x = 0.0; x <= mModel.mScale.GetWidth(); x += kCurveStep)
             include(curve.parameter->Evaluate(mModel.ToTime(x), 0.0));
     }
     if (!(low <= high)) low = high = 0.0;
@@ -129,8 +129,8 @@ void TimelineCurves_cls::DrawCurve(wxGraphicsContext& gc, const TimelineTheme_cl
                                    int fromX, int toX) const {
     wxGraphicsPath path = gc.CreatePath();
     // The points stay where they are when only a part is drawn anew.
-    const double first = std::floor(fromX / kStep) * kStep;
-    for (double x = first; x <= toX + kStep; x += kStep) {
+    const double first = std::floor(fromX / kCurveStep) * kCurveStep;
+    for (double x = first; x <= toX + kCurveStep; x += kCurveStep) {
         const double y = std::clamp(ToY(curve.parameter->Evaluate(mModel.ToTime(x), 0.0)), -1e4, 1e5);
         if (x == first) {
             path.MoveToPoint(x, y);

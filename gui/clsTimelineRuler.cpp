@@ -8,7 +8,7 @@
 namespace {
 
 constexpr double kLabelPixels = 60.0;
-constexpr double kHandle = 5.0;  // pixels beside an end that grip it
+constexpr double kEndGrip = 5.0;  // pixels beside an end that grip it
 
 double NumbersHeight(const TimelineTheme_cls& theme) {
     return theme.rulerHeight - 2.0 * theme.barHeight - 2.0;
@@ -104,9 +104,9 @@ TimelineRuler_cls::Part TimelineRuler_cls::HitTest(const TimelineTheme_cls& them
     const double left = mModel.mScale.ToX(area.first);
     const double right = mModel.mScale.ToX(area.last);
     // Where both ends are one, the mouse takes the one that it comes from.
-    const bool nearLast = std::abs(x - right) <= kHandle && (x >= right || x - left > right - x);
+    const bool nearLast = std::abs(x - right) <= kEndGrip && (x >= right || x - left > right - x);
     if (nearLast) return work ? Part::WorkLast : Part::ActiveLast;
-    if (std::abs(x - left) <= kHandle) return work ? Part::WorkFirst : Part::ActiveFirst;
+    if (std::abs(x - left) <= kEndGrip) return work ? Part::WorkFirst : Part::ActiveFirst;
     if (x > left && x < right) return work ? Part::WorkAll : Part::ActiveAll;
     return Part::Frames;
 }

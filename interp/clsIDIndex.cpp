@@ -18,7 +18,7 @@ constexpr size_t kSmallTable = 4096;
 /// Tables that do not fit into the processor's cache are worth a second thread.
 constexpr size_t kTwoThreads = 2000000;
 /// The entry that will be wanted after this many others is fetched from memory ahead of time.
-constexpr size_t kAhead = 16;
+constexpr size_t kHomesAhead = 16;
 
 using RangeWork = std::function<void(size_t begin, size_t end)>;
 
@@ -157,7 +157,7 @@ bool IDIndex_cls::BuildHashed(std::span<const int32_t> ids) {
     auto* table = mTable.As<Hashed>();
     bool repeated = false;
     for (size_t j = 0; j < ids.size(); ++j) {
-        if (j + kAhead < ids.size()) __builtin_prefetch(&table[HomeOf(ids[j + kAhead])], 1);
+        if (j + kHomesAhead < ids.size()) __builtin_prefetch(&table[HomeOf(ids[j + kHomesAhead])], 1);
         Hashed& entry = table[HashedEntryOf(ids[j])];
         repeated = repeated || entry.place != 0;
         entry = {.id = ids[j], .place = static_cast<int32_t>(j + 1)};

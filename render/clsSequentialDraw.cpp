@@ -8,7 +8,7 @@
 namespace {
 
 /// Particles sent together at most: few enough to stay in the cache, and to stop a draw in between.
-constexpr size_t kBlock = 16384;
+constexpr size_t kSequentialBlock = 16384;
 /// The same where a sphere is hundreds of triangles.
 constexpr size_t kTessellatedBlock = 512;
 
@@ -21,7 +21,7 @@ SequentialDraw_cls::SequentialDraw_cls(const DrawView_cls& view, const SnapData_
       mSpritePacker(view, state),
       mSpherePacker(view, state),
       mType(state.GetType()),
-      mBlock(kBlock),
+      mBlock(kSequentialBlock),
       mLists(lists) {
     for (size_t i = 0; i < mPlans.size(); ++i) mPlans[i].sphereLook = sphereLooks[i];
     MakePlans(state, attributes, step);
@@ -98,7 +98,7 @@ void SequentialDraw_cls::AddSprite(size_t particle, const Plan& plan) {
                       plan.spriteLook.mixedBlending == mSpriteLook.mixedBlending &&
                       (plan.spriteLook.texture == mSpriteLook.texture || plan.spriteLook.texture == 0 ||
                        mSpriteLook.texture == 0);
-    if (mPending != Pending::Sprites || !fits || mLists.sprites.sprites.size() >= kBlock) {
+    if (mPending != Pending::Sprites || !fits || mLists.sprites.sprites.size() >= kSequentialBlock) {
         Flush();
         mPending = Pending::Sprites;
         mSpriteLook = plan.spriteLook;

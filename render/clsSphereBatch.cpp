@@ -9,7 +9,7 @@
 
 namespace {
 
-using Shape = SpherePacker_cls::Shape;
+using SphereShape = SpherePacker_cls::Shape;
 using Form = ShaderCtrl_cls::Batch::Form;
 
 /// The exponent of the fixed function's highlights; the shaders have the same.
@@ -60,15 +60,16 @@ void SphereBatch_cls::Begin(const DrawView_cls& view, const Look& look) {
     SpriteBatch_cls::SetBlending(look.blendType);
 }
 
-void SphereBatch_cls::Draw(std::span<const Sphere_cls> spheres, std::span<const Shape> shapes) {
+void SphereBatch_cls::Draw(std::span<const Sphere_cls> spheres, std::span<const SphereShape> shapes) {
     if (mLook.quality != kRayCast || !UseRays(false)) {
         DrawMeshes(spheres);
     } else {
         for (size_t begin = 0; begin < spheres.size();) {
             const auto run = shapes.begin() + static_cast<ptrdiff_t>(begin);
-            const auto end = std::find_if(run, shapes.end(), [&](Shape shape) { return shape != *run; });
+            const auto end =
+                std::find_if(run, shapes.end(), [&](SphereShape shape) { return shape != *run; });
             const auto count = static_cast<size_t>(end - run);
-            DrawRays(spheres.subspan(begin, count), *run == Shape::Quad);
+            DrawRays(spheres.subspan(begin, count), *run == SphereShape::Quad);
             begin += count;
         }
     }

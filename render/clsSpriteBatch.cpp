@@ -8,7 +8,7 @@
 
 namespace {
 
-using Shape = SpritePacker_cls::Shape;
+using SpriteShape = SpritePacker_cls::Shape;
 
 /// Shorter runs of one shape than this, on average, cost more in calls than rectangles do.
 constexpr size_t kShortRun = 64;
@@ -28,7 +28,7 @@ void DisableArrays() {
     glDisableClientState(GL_VERTEX_ARRAY);
 }
 
-size_t CountRuns(std::span<const Shape> shapes) {
+size_t CountRuns(std::span<const SpriteShape> shapes) {
     size_t runs = 1;
     for (size_t i = 1; i < shapes.size(); ++i) runs += shapes[i] != shapes[i - 1] ? 1 : 0;
     return runs;
@@ -72,7 +72,7 @@ void SpriteBatch_cls::DrawPoints(std::span<const Sprite_cls> sprites) {
 }
 
 void SpriteBatch_cls::Draw(const SpritePacker_cls& packer, std::span<const Sprite_cls> sprites,
-                           std::span<const Shape> shapes) {
+                           std::span<const SpriteShape> shapes) {
     if (sprites.empty()) return;
     if (CountRuns(shapes) * kShortRun > shapes.size() + kShortRun || !UseProgram(false)) {
         DrawQuads(packer, sprites);
@@ -81,9 +81,9 @@ void SpriteBatch_cls::Draw(const SpritePacker_cls& packer, std::span<const Sprit
     }
     for (size_t begin = 0; begin < sprites.size();) {
         const auto run = shapes.begin() + static_cast<ptrdiff_t>(begin);
-        const auto end = std::find_if(run, shapes.end(), [&](Shape shape) { return shape != *run; });
+        const auto end = std::find_if(run, shapes.end(), [&](SpriteShape shape) { return shape != *run; });
         const auto count = static_cast<size_t>(end - run);
-        if (*run == Shape::Quad) {
+        if (*run == SpriteShape::Quad) {
             DrawQuads(packer, sprites.subspan(begin, count));
         } else {
             DrawSprites(sprites.subspan(begin, count));
