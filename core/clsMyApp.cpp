@@ -15,6 +15,7 @@
 #include "core/clsBatch.h"
 #include "core/clsWindowSession.h"
 #include "gui/clsFrameMain.h"
+#include "gui/clsScreenRoom.h"
 #include "gui/clsViewGL.h"
 #include "output/clsImageFile.h"
 #include "seam/clsTextCoding.h"
@@ -44,7 +45,8 @@ class WindowApp_cls : public wxApp {
     bool OnInit() override {
         ImageFile_cls::InitHandlers();
         for (const int signal : {SIGINT, SIGTERM, SIGHUP}) SetSignalHandler(signal, OnSignal);
-        // What does not fit on a small screen scrolls, its buttons apart.
+        const std::unique_ptr<wxDialogLayoutAdapter> toolkits(
+            wxDialog::SetLayoutAdapter(new DialogAdapter_cls));
         wxDialog::EnableLayoutAdaptation(true);
         CallAfter([this] {
             mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());

@@ -67,6 +67,8 @@ bool WindowSession_cls::Open() {
     // The toolkit owns its windows.
     mFrame = new FrameMain_cls(mContext);
     mFrame->ShowAndWait();
+    // Who takes up unsaved work has no use for another file over it.
+    if (mFrame->GetFiles().OfferRecovery()) return true;
     const bool project = ProjectName::IsProject(mLine.mFile);
     if (project) mFrame->GetFiles().OpenProject(mLine.mFile);
     for (const wxString& setting : mLine.mSettings) {

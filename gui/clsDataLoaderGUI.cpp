@@ -3,7 +3,6 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
-#include <wx/display.h>
 #include <wx/dnd.h>
 #include <wx/filedlg.h>
 #include <wx/sizer.h>
@@ -17,6 +16,7 @@
 #include "gui/clsFirstColors.h"
 #include "gui/clsGrammarList.h"
 #include "gui/clsPreviewGrid.h"
+#include "gui/clsScreenRoom.h"
 #include "gui/clsSettingsPage.h"
 #include "gui/clsSpacing.h"
 #include "gui/clsWords.h"
@@ -27,8 +27,6 @@ namespace {
 constexpr int kLoaderWidth = 1200;
 constexpr int kLoaderHeight = 740;
 constexpr int kSettingsWidth = 390;
-/// What window frames and panels of the desktop take of the screen.
-constexpr int kDesktop = 60;
 
 class FileDrop : public wxFileDropTarget {
   public:
@@ -74,9 +72,7 @@ DataLoaderGUI_cls::DataLoaderGUI_cls(wxWindow* parent, LoadDraft_cls& draft)
     sizer->Add(row, wxSizerFlags(border).Proportion(1));
     sizer->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, FromDIP(Spacing::kDialog)));
     SetSizer(sizer);
-    const wxRect screen = wxDisplay(this).GetClientArea();
-    SetSize(wxSize(std::min(FromDIP(kLoaderWidth), screen.width - kDesktop),
-                   std::min(FromDIP(kLoaderHeight), screen.height - kDesktop)));
+    SetSize(ScreenRoom::Limit(*this, FromDIP(wxSize(kLoaderWidth, kLoaderHeight))));
     SetDropTarget(new FileDrop(*this));
     Bind(wxEVT_BUTTON, &DataLoaderGUI_cls::TryToOpen, this, wxID_OK);
     ShowDraft();

@@ -171,20 +171,25 @@ bool FrameFiles_cls::MayLoseChanges() {
     }
 }
 
-void FrameFiles_cls::OfferRecovery() {
+bool FrameFiles_cls::OfferRecovery() {
     const auto left = mRecovery.FindLeft();
-    if (!left) return;
-    if (UserMessage_cls::AskYesNo("Unsaved work",
-                                  "Varnholt 3 ended without saving the last time.\n"
-                                  "Open what it kept?")) {
-        const auto faults = mContext.openProject(*left);
-        if (!faults) return;
-        mViews.replaced();
-        mViews.tellFaults(*faults);
-        mRecovered = true;
-        NoteChange();
-        mRecovery.Save();
-        mFrame.SetTitle(GetTitle());
-    }
+    if (!left) return false;
+    wxMessageDialog dialog(&mFrame, "Open the work that was not saved?", "Unsaved work",
+                           wxYES_NO | wxCANCEL | wxICON_QUESTION);
+    dialog.SetExtendedMessage("Varnholt 3 ended without saving it. It was kept on " +
+                              wxFileName(*left).GetModificationTime().Format("%Y-%m-%d %H:%M") + ".");
+    dialog.SetYesNoCancelLabels("&Open", "&Discard", "&Later");
+    const int answer = dialog.ShowModal();
+    if (answer == wxID_NO) Recovery_cls::Discard(*left);
+    if (answer != wxID_YES) return false;
+    const auto faults = mContext.openProject(*left);
+    if (!faults) return false;
+    mViews.replaced();
+    mViews.tellFaults(*faults);
+    mRecovered = true;
+    NoteChange();
+    mRecovery.Save();
+    mFrame.SetTitle(GetTitle());
     Recovery_cls::Discard(*left);
+    return true;
 }

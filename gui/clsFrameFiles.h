@@ -43,8 +43,8 @@ class FrameFiles_cls {
     /// True when nothing unsaved is left or the user lets it go.
     bool MayLoseChanges();
     bool IsModified() const;
-    /// Offers what another run left unsaved.
-    void OfferRecovery();
+    /// Offers what another run left unsaved; true when that is open now. Put off, it is offered again.
+    bool OfferRecovery();
     /// A change was made: the recovery has something to do.
     void NoteChange() { ++mChanges; }
     /// True once after data were opened that no project and no change has set up.

@@ -131,7 +131,6 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
         event.Skip();
     });
     RefreshAll();
-    CallAfter([this] { mFiles.OfferRecovery(); });
 }
 
 FrameMain_cls::~FrameMain_cls() {

@@ -8,7 +8,8 @@
 #include <wx/thread.h>
 #include <wx/utils.h>
 
-#include <csignal>
+#include <fstream>
+#include <sstream>
 
 #include "seam/clsDiagnostics.h"
 #include "seam/clsProjectName.h"
@@ -17,17 +18,25 @@ namespace {
 
 constexpr const char* kPrefix = "unsaved-";
 
-bool IsAlive(long process) {
-    return process > 0 && (kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
+/// Process number and start: numbers are used again, in a container even for every run. Empty for a process
+/// that is not.
+wxString NameOf(unsigned long process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    std::string line;
+    // The program's name, in brackets, may hold anything. The start is the 20th field behind it.
+    if (!std::getline(file, line)) return {};
+    std::istringstream fields(line.substr(std::min(line.rfind(')'), line.size() - 1) + 1));
+    std::string start;
+    for (int field = 0; field < 20; ++field) fields >> start;
+    return std::to_string(process) + "-" + start;
 }
 
 }  // namespace
 
 Recovery_cls::Recovery_cls(const wxString& folder, Host host)
     : mFolder(folder),
-      mPath(folder.empty()
-                ? wxString()
-                : wxString::Format("%s/%s%lu%s", folder, kPrefix, wxGetProcessId(), ProjectName::kEnding)),
+      mPath(folder.empty() ? wxString()
+                           : folder + "/" + kPrefix + NameOf(wxGetProcessId()) + ProjectName::kEnding),
       mHost(std::move(host)) {
     if (mFolder.empty()) return;
     SetLastWork([this] {
@@ -47,10 +56,10 @@ std::optional<wxString> Recovery_cls::FindLeft() const {
     wxString name;
     for (bool more = folder.GetFirst(&name, wxString(kPrefix) + "*" + ProjectName::kEnding, wxDIR_FILES);
          more; more = folder.GetNext(&name)) {
-        long process = 0;
-        if (!name.Mid(wxString(kPrefix).length()).BeforeFirst('.').ToLong(&process)) continue;
-        const wxString path = mFolder + "/" + name;
-        if (path == mPath || !IsAlive(process)) return path;
+        const wxString run = name.Mid(wxString(kPrefix).length()).BeforeFirst('.');
+        unsigned long process = 0;
+        if (!run.BeforeFirst('-').ToULong(&process)) continue;
+        if (NameOf(process) != run) return mFolder + "/" + name;
     }
     return std::nullopt;
 }

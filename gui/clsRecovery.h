@@ -7,8 +7,8 @@
 #include <optional>
 
 /// Keeps unsaved work beside the user's settings: at an interval when something has changed, and before the
-/// program is ended by force. What another run left is offered once at the next start.
-/// A run's file bears its process number, so that two windows do not take each other's work.
+/// program is ended by force. What another run left is offered at the next start.
+/// A run's file bears its process's number and start, so that two windows do not take each other's work.
 /// Owned by the main window. Threads: GUI thread; from another one nothing is written.
 class Recovery_cls : public wxTimer {
   public:

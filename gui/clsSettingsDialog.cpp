@@ -7,16 +7,10 @@
 
 #include <algorithm>
 
+#include "gui/clsScreenRoom.h"
 #include "gui/clsSettingsView.h"
 #include "gui/clsSpacing.h"
 #include "timeline/clsUndoManager.h"
-
-namespace {
-
-/// What window frames and panels of the desktop take of the screen.
-constexpr int kSettingsDesktop = 80;
-
-}  // namespace
 
 SettingsDialog_cls& SettingsDialog_cls::Open(wxWindow& parent, const wxString& title, const Make& make) {
     SettingsDialog_cls* dialog = nullptr;
@@ -44,11 +38,10 @@ SettingsDialog_cls::SettingsDialog_cls(wxWindow& parent, const wxString& title, 
     Bind(wxEVT_CHAR_HOOK, &SettingsDialog_cls::OnKey, this);
     SetSizerAndFit(sizer);
     // On a small screen the page scrolls.
-    const wxRect screen = wxDisplay(&parent).GetClientArea();
     SetMinSize(wxSize());
-    SetSize(wxSize(std::min(GetSize().x, screen.width - kSettingsDesktop),
-                   std::min(GetSize().y, screen.height - kSettingsDesktop)));
+    SetSize(ScreenRoom::Limit(parent, GetSize()));
     // At the right, over the pages of settings: what is changed is seen in the views.
+    const wxRect screen = wxDisplay(&parent).GetClientArea();
     const wxRect above = parent.GetScreenRect();
     Move(std::clamp(above.GetRight() - GetSize().x, screen.x, screen.GetRight()),
          std::clamp(above.y + (above.height - GetSize().y) / 2, screen.y, screen.GetBottom()));

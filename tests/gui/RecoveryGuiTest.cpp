@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <wx/file.h>
+#include <wx/utils.h>
 
 #include "gui/clsRecovery.h"
 #include "support/TempFolder.h"
@@ -41,6 +43,31 @@ TEST(RecoveryGuiTest, WorkIsKeptAtTheIntervalWhenItHasChanged) {
             EXPECT_EQ(savings, c.savings) << c.name;
         });
     }
+}
+
+TEST(RecoveryGuiTest, OnlyWorkOfRunsThatHaveEndedIsFound) {
+    const TempFolder_cls folder;
+    const auto make = [&folder] {
+        return Recovery_cls(
+            folder.Path().string(),
+            {.isModified = [] { return true; },
+             .getState = [] { return size_t{1}; },
+             .save = [](const wxString& path) { return wxFile(path, wxFile::write).IsOpened(); },
+             .getInterval = [] { return 1; }});
+    };
+    OnGui([&] {
+        Recovery_cls running = make();
+        running.Save();
+        EXPECT_EQ(running.FindLeft(), std::nullopt) << "its own";
+        for (const char* name : {"unsaved-%lu-1.vhp", "unsaved-%lu.vhp"}) {
+            const wxString left = folder.Path().string() + "/" + wxString::Format(name, wxGetProcessId());
+            wxFile(left, wxFile::write);
+            EXPECT_EQ(running.FindLeft(), left) << "another run of this process number";
+            Recovery_cls::Discard(left);
+        }
+        running.Clear();
+        EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+    });
 }
 
 }  // namespace
