@@ -5,7 +5,6 @@
 #include <wx/log.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "core/clsCommandLoadData.h"
 #include "core/clsProjectFile.h"
@@ -162,11 +161,7 @@ const SnapData_cls* Main_cls::PrepareState(double position, DisplayedState_cls& 
     PDataSequence_cls& sequence = mSeqCtrl.GetActive();
     if (sequence.GetSeqLength() == 0) return nullptr;
     StopIfLoading();
-    // Behind the last snapshot the last one is shown.
-    const double last = sequence.GetSeqLength() - 1;
-    const double clamped = std::clamp(position, 0.0, last);
-    const int index = static_cast<int>(std::floor(clamped));
-    const double fraction = clamped - index;
+    const auto [index, fraction] = sequence.GetPlace(position);
     sequence.PrepareIndex(index, fraction, mTimeCtrl.IsInterpolateAlways(), true);
     PDataSnap_cls& snap = sequence.GetSnap(index);
     if (!snap.IsItLoaded() || snap.GetParticleNumber() == 0) return nullptr;
