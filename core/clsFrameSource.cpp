@@ -1,6 +1,5 @@
 #include "core/clsFrameSource.h"
 
-
 #include "core/clsMain.h"
 #include "data/clsThreadFileReader.h"
 #include "seam/clsUserMessage.h"

@@ -168,7 +168,9 @@ const SnapData_cls* Main_cls::PrepareState(double position, DisplayedState_cls& 
 
     const double tau = sequence.GetDT(index, fraction);
     DrawAttributes_cls attributes{};
-    for (size_t i = 0; i < attributes.size(); ++i) attributes[i] = sequence.GetAttributes()[i].get();
+    const bool all = mDrawOption.mClassify.mValue == DrawOption_cls::kAllAttributes;
+    for (size_t i = 0; i < attributes.size(); ++i)
+        attributes[i] = sequence.GetAttributes()[all ? i : 0].get();
     return &into.Get(snap.GetBlock(), attributes, tau, mDrawOption.GetStep());
 }
 

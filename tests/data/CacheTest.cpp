@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <limits>
 #include <random>
@@ -122,6 +123,22 @@ TEST_F(CacheTest, MissingFilesAreReadyAndNothingMovesTowardsThem) {
     sequence.PrepareIndex(5, 0.0, false, true);
     EXPECT_EQ(sequence.GetFilenameStatus(5), PDataSnap_cls::FileState::Unreadable);
     EXPECT_TRUE(sequence.IsTheIndexReady(5, 0.0, false));
+}
+
+TEST_F(CacheTest, NothingMovesTowardsAFileThatDoesNotSayItsTime) {
+    const std::string whole = DefaultSnapshot(6.0F, 1, {SampleParticle_cls{}});
+    for (const std::string& broken :
+         {std::string(), whole.substr(0, 3), DefaultSnapshot(std::nanf(""), 1, {SampleParticle_cls{}}),
+          DefaultSnapshot(INFINITY, 0, {})}) {
+        Write(5, 1);
+        mFolder.Write(Name(3), broken);
+        PDataSequence_cls& sequence = Open();
+        Load({1, 2, 3, 4});
+        EXPECT_EQ(sequence.GetDT(1, 0.5), 1.0);
+        EXPECT_EQ(sequence.GetDT(2, 0.5), 0.0) << broken.size() << " bytes";
+        EXPECT_EQ(sequence.GetDT(3, 0.5), 0.0) << broken.size() << " bytes";
+        EXPECT_FALSE(sequence.GetSnap(3).TakeProblems().empty()) << broken.size() << " bytes";
+    }
 }
 
 TEST_F(CacheTest, EmptySequencesAnswerHarmlessly) {
