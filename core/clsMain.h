@@ -119,18 +119,16 @@ class Main_cls {
     void HangUpGroups();
     void CutLongSeries();
 
-    // The order is the order of creation. Places of what is not built yet are named.
+    // The order is the order of creation.
     wxString mConfigPath;
     const std::shared_ptr<ParamHost_cls> mParamHost = std::make_shared<ParamHost_cls>();
     DrawOption_cls mDrawOption;
-    // FilterCtrl_cls; Exposure_cls, Overlay_cls
     PDataSeqCtrl_cls mSeqCtrl;
     DataLoader_cls mDataLoader;
     DataExporter_cls mDataExporter;
     CameraPath_cls mCameraPath{mParamHost};
-    // AnchorPath_cls
     TimeCtrl_cls mTimeCtrl;
-    // FrameMain_cls; what it keeps is here without a window too
+    // What the main window keeps, which is here without a window too
     FrameSettings_cls mFrameSettings;
     PanelShared_cls mPanelShared;
     ShadowSettings_cls mShadowSettings;
@@ -138,15 +136,11 @@ class Main_cls {
         PanelSettings_cls(0), PanelSettings_cls(1), PanelSettings_cls(2), PanelSettings_cls(3)};
     Preference_cls mPreference;
     PeriodicBoundary_cls mPeriodicBoundary;
-    // CameraPathCtrl_cls
     LightSRCCtrl_cls mLightSRCCtrl{mParamHost};
     ColorCurveCtrl_cls mColorCurveCtrl;
-    // TexPropertyCtrl_cls
     PovRayCtrl_cls mPovRayCtrl;
-    // StereoGram_cls
     ParamGroup_cls mCameraGroup{"Camera Path"};
     ParamGroup_cls mLightGroup{"Light Sources"};
-    // Scene_cls
 
     std::vector<ParamGroup_cls*> mTimeGroups;
     DisplayedState_cls mState;

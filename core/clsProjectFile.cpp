@@ -65,21 +65,19 @@ ProjectFile_cls::ProjectFile_cls(Main_cls& main) : mMain(main) {
 
 void ProjectFile_cls::SetUpSections() {
     Main_cls& main = mMain;
+    // Users' projects are of this order. The numbers left out are blocks that other versions write; here they
+    // are passed over when they are read.
     mSections = {
         {1, Writer(main.GetDataLoader())},
         {2, Writer(main.GetDataExporter())},
         {3, [&main] { return main.GetFrameSettings().SerializeForConfigure(); }},
         {4, [&main] { return main.GetPovRayCtrl().SerializeForConfigure(); }},
-        // 5: the upper half of the main window
         {6, Writer(main.GetTimeCtrl())},
         {7, Writer(main.GetDrawOption())},
-        // 8: Overlay_cls, 9: Exposure_cls
         {10, Writer(main.GetSeqCtrl())},
         {11, Writer(main.GetPeriodicBoundary())},
         {12, Writer(main.GetCameraPath())},
-        // 13: AnchorPath_cls
         {14, Writer(main.GetLightSRCCtrl())},
-        // 15: StereoGram_cls
         {16, Writer(main.GetPovRayCtrl())},
         {17, Writer(main.GetPreference())},
         {18, Writer(main.GetPanelShared())},
@@ -88,7 +86,6 @@ void ProjectFile_cls::SetUpSections() {
         {20, Writer(main.GetPanelSettings(1))},
         {20, Writer(main.GetPanelSettings(2))},
         {20, Writer(main.GetPanelSettings(3))},
-        // 21: FilterCtrl_cls, three times
     };
 }
 
@@ -105,31 +102,22 @@ void ProjectFile_cls::SetUpReaders() {
     Lists lights;
     for (int i = 0; i < LightSRCCtrl_cls::kLights; ++i)
         lights.push_back(&main.GetLightSRCCtrl().GetLight(i).GetItems());
-    const auto shared = Plain(main.GetPanelShared());
     mReaders = {
         {Plain(main.GetDataLoader()), {&main.GetDataLoader().GetItems()}},
         {Plain(main.GetDataExporter()), {&main.GetDataExporter().GetItems()}},
         {Plain(main.GetFrameSettings()), {&main.GetFrameSettings().GetItems()}},
         {Block(main.GetTimeCtrl()), {&main.GetTimeCtrl().GetSettings().GetItems()}},
         {Plain(main.GetDrawOption()), {&main.GetDrawOption().GetItems()}},
-        // Overlay_cls, Exposure_cls
         {Block(main.GetSeqCtrl()), attributes},
         {Plain(main.GetPeriodicBoundary()), {&main.GetPeriodicBoundary().GetItems()}},
         {Block(main.GetCameraPath()), {}},
-        // AnchorPath_cls
         {Block(main.GetLightSRCCtrl()), lights},
-        // StereoGram_cls
         {Plain(main.GetPovRayCtrl()), main.GetPovRayCtrl().GetLists()},
         {Plain(main.GetPreference()), {&main.GetPreference().GetItems()}},
-        {shared, {&main.GetPanelShared().GetItems()}},
+        // The panels' own settings, which are written too, are not read: a project leaves the panels of the
+        // session as they are.
+        {Plain(main.GetPanelShared()), {&main.GetPanelShared().GetItems()}},
         {Plain(main.GetShadowSettings()), {&main.GetShadowSettings().GetItems()}},
-        // Where the panels' own settings were written the shared ones are read once more: a project leaves
-        // the panels of the session as they are.
-        {shared, {}},
-        {shared, {}},
-        {shared, {}},
-        {shared, {}},
-        // FilterCtrl_cls, three times
     };
     for (int i = 0; i < PanelSettings_cls::kPanels; ++i) {
         PanelSettings_cls& panel = main.GetPanelSettings(i);

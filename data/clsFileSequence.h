@@ -29,10 +29,7 @@ class FileSequence_cls {
     const wxString& GetPath() const { return mPath; }
     const wxString& GetPrefix() const { return mPrefix; }
     const wxString& GetFormat() const { return mFormat; }
-    const wxString& GetSuffix() const { return mSuffix; }
     int GetStart() const { return mStart; }
-    /// Width of the number, -1 for a name without one.
-    int GetDigits() const { return mDigits; }
     /// Number of files, -1 until counted.
     int GetCount() const { return mCount; }
     void SetCount(int count) { mCount = count; }
@@ -47,6 +44,6 @@ class FileSequence_cls {
     wxString mFormat;
     wxString mSuffix;
     int mStart = 0;
-    int mDigits = -1;
+    int mDigits = -1;  ///< width of the number; -1 for a name without one
     int mCount = -1;
 };

@@ -77,8 +77,7 @@ class PDataBlock_cls {
     double GetTime() const { return mTime; }
     /// Whether the block has IDs; without, their array is not allocated.
     void SetIDFlag(bool hasID) { mHasID = hasID; }
-    /// Loader settings as they were when the header was read.
-    unsigned int GetInterpolateType() const { return mInterpolateType; }
+    /// The loader's setting as it was when the header was read.
     unsigned int GetVariableNumber() const { return mVariableNumber; }
 
     float* GetPosition() const { return mPosition.As<float>(); }

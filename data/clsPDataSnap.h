@@ -20,7 +20,7 @@ extern std::atomic<bool> GbGLLockForLoadingData;
 /// reading (the first), loaded (two), interpolating (three), interpolated (all). Threads: GUI thread; the
 /// reader's thread sets the loaded flag, the rate stage's the interpolated flag, each after it has written
 /// its arrays for the last time. Failure: a file that is missing or unreadable leaves the snapshot empty with
-/// state kUnreadable; such an instant draws nothing. What is wrong inside a file is kept as lines for the
+/// the state Unreadable; such an instant draws nothing. What is wrong inside a file is kept as lines for the
 /// user until they are taken.
 class PDataSnap_cls {
   public:
@@ -67,8 +67,6 @@ class PDataSnap_cls {
 
     PDataBlock_cls& GetBlock() { return *mBlock; }
     const PDataBlock_cls& GetBlock() const { return *mBlock; }
-    PDataSnap_cls* GetNext() const { return mNext; }
-    PDataSnap_cls* GetPrevious() const { return mPrevious; }
     void LinkTo(PDataSnap_cls* previous, PDataSnap_cls* next);
 
     bool IsTagged() const { return mTagged; }

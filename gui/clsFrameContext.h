@@ -66,7 +66,7 @@ struct FrameContext_cls {
     std::function<wxString(const wxString& path)> saveProject;
     /// Writes the state as a project and changes nothing else: it stays unsaved. False when that fails.
     std::function<bool(const wxString& path)> saveRecovery;
-    /// The particles of a data position that is ready; null where there are none. Does not wait for files.
+    /// The particles of a data position; null where there are none. Waits for reading and rates.
     std::function<const SnapData_cls*(double position)> prepareState;
     std::function<void(int currentSnapshot)> cleanUpMemory;
     std::function<void()> waitThreadFinish;

@@ -70,8 +70,7 @@ bool PanelCamera_cls::IsPathAnimated() const {
     return false;
 }
 
-std::optional<PositionAndDirection_cls> PanelCamera_cls::GetFit(const DataBounds_cls& bounds,
-                                                                Side side) const {
+PositionAndDirection_cls PanelCamera_cls::GetFit(const DataBounds_cls& bounds, Side side) const {
     const PositionAndDirection_cls front = FitPanel(bounds, mPanel);
     if (side == Side::Side) return CameraMotion::FromSide(front);
     if (side == Side::Top) return CameraMotion::FromTop(front);
@@ -163,26 +162,24 @@ void PanelCamera_cls::WritePath(const wxString& name, const ViewCamera_cls& came
 void PanelCamera_cls::FitToData() {
     const SnapData_cls* state = mInstant.Get();
     if (!state) return;
-    if (const auto pose = GetFit(BoundsOf(*state), FollowsPath() ? Side::Front : mSide)) {
-        const ViewCamera_cls now = Get();
-        // Only the distance changes: whoever has turned the view keeps looking from there.
-        PositionAndDirection_cls fitted = now.mPose;
-        const double distance =
-            std::hypot(pose->mPosition[0] - pose->mAnchor[0], pose->mPosition[1] - pose->mAnchor[1],
-                       pose->mPosition[2] - pose->mAnchor[2]);
-        const Vector3& d = now.mPose.mDirection;
-        const double length = std::hypot(d[0], d[1], d[2]);
-        fitted.mAnchor = pose->mAnchor;
-        for (size_t i = 0; i < 3; ++i) fitted.mPosition[i] = pose->mAnchor[i] - distance * d[i] / length;
-        Set("Fit to Data", length > 0.0 ? fitted : *pose);
-    }
+    const PositionAndDirection_cls pose = GetFit(BoundsOf(*state), FollowsPath() ? Side::Front : mSide);
+    // Only the distance changes: whoever has turned the view keeps looking from there.
+    PositionAndDirection_cls fitted = Get().mPose;
+    const double distance =
+        std::hypot(pose.mPosition[0] - pose.mAnchor[0], pose.mPosition[1] - pose.mAnchor[1],
+                   pose.mPosition[2] - pose.mAnchor[2]);
+    const Vector3& d = fitted.mDirection;
+    const double length = std::hypot(d[0], d[1], d[2]);
+    fitted.mAnchor = pose.mAnchor;
+    for (size_t i = 0; i < 3; ++i) fitted.mPosition[i] = pose.mAnchor[i] - distance * d[i] / length;
+    Set("Fit to Data", length > 0.0 ? fitted : pose);
 }
 
 void PanelCamera_cls::LookFrom(Side side) {
     mSide = side;
     const SnapData_cls* state = mInstant.Get();
     if (!state) return;
-    if (const auto pose = GetFit(BoundsOf(*state), side)) Set("Look", *pose);
+    Set("Look", GetFit(BoundsOf(*state), side));
 }
 
 void PanelCamera_cls::SetAngle(double angle) {

@@ -54,7 +54,7 @@ class PanelCamera_cls {
   private:
     bool FollowsPath() const;
     bool IsPathAnimated() const;
-    std::optional<PositionAndDirection_cls> GetFit(const DataBounds_cls& bounds, Side side) const;
+    PositionAndDirection_cls GetFit(const DataBounds_cls& bounds, Side side) const;
     void Store(const wxString& name, const PositionAndDirection_cls& pose);
     void WritePath(const wxString& name, const ViewCamera_cls& camera);
 

@@ -136,5 +136,5 @@ void Playback_cls::WorkOnTime() {
     }
     mSteppedAt = Clock_cls::Current().Now();
     // Due, so this does not wait.
-    if (time.ProcPlaying()) mTimer.StartOnce(std::max(time.GetPacer().GetInterval(), 1));
+    if (time.ProcPlaying()) mTimer.StartOnce(FramePacer_cls::kInterval);
 }

@@ -233,11 +233,6 @@ void SettingsPage_cls::AddWindow(const wxString& label, wxWindow* window) {
     AddControl(window, true);
 }
 
-void SettingsPage_cls::AddWide(wxWindow* window) {
-    mGrid = nullptr;
-    mColumn->Add(window, wxSizerFlags().Expand().Border(wxALL, FromDIP(Spacing::kRow)));
-}
-
 void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Button>& buttons) {
     AddLabel(label);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
@@ -249,13 +244,6 @@ void SettingsPage_cls::AddButtons(const wxString& label, const std::vector<Butto
         row->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(Spacing::kRow)));
     }
     Grid().Add(row, wxSizerFlags().Expand());
-}
-
-void SettingsPage_cls::AddNote(const wxString& text) {
-    mGrid = nullptr;
-    auto* note = new wxStaticText(this, wxID_ANY, text);
-    note->Wrap(FromDIP(360));
-    mColumn->Add(note, wxSizerFlags().Border(wxALL, FromDIP(Spacing::kRow)));
 }
 
 void SettingsPage_cls::AddRefresher(std::function<void()> refresher) {

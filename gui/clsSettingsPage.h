@@ -49,8 +49,6 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
                  const Setting_cls<wxString>& setting);
     /// A window of the caller's in the place of the control; it must be a child of this page.
     void AddWindow(const wxString& label, wxWindow* window);
-    /// The same across the page, as high as it wants to be.
-    void AddWide(wxWindow* window);
     /// A row of buttons in the place of the control.
     struct Button {
         wxString label;
@@ -58,8 +56,6 @@ class SettingsPage_cls : public wxScrolledWindow, public SettingsView_cls {
         std::function<void()> press;
     };
     void AddButtons(const wxString& label, const std::vector<Button>& buttons);
-    /// A line that explains, across the page.
-    void AddNote(const wxString& text);
     /// Called whenever the page shows its settings anew, e.g. to enable what has an effect.
     void AddRefresher(std::function<void()> refresher);
 

@@ -29,7 +29,6 @@ class ColorCurveCtrl_cls {
     void SetObserver(std::function<void()> observer) { mObserver = std::move(observer); }
 
     void Copy(const ColorCurve_cls& curve);
-    bool CanPaste() const { return mClipboard != nullptr; }
     /// Keys and settings of the copied curve, as one step of the undo list; nothing without a copy.
     void Paste(ColorCurve_cls& into) const;
 

@@ -62,7 +62,6 @@ class GLAttribute_cls {
     void RefreshTex() { mTexture.RefreshTex(mTexFileBillboard.GetItemStr()); }
     /// Name of the billboard's texture, of the file in the setting.
     unsigned int GetTextureName() { return mTexture.GetName(mTexFileBillboard.GetItemStr()); }
-    const BillboardTexture_cls& GetTexture() const { return mTexture; }
 
     /// The shaders for surfaces, see ShaderCtrl_cls.
     static void InitializeShader(bool verbose);

@@ -65,7 +65,7 @@ class GLDrawData_cls {
     /// Of the particles that the options leave, only each so-manieth is drawn; from 1, which is all.
     void SetCoarseness(int coarseness) { mCoarseness = coarseness; }
 
-    /// Draws a state as the options say. `viewIndex` is the panel's number.
+    /// Draws a state as the options say, alike in all panels: the panel's number changes nothing.
     void GLDraw(int viewIndex, const SnapData_cls& state, const DrawAttributes_cls& attributes);
 
   private:

@@ -24,15 +24,7 @@ constexpr Glyph_cls kGlyphs[] = {
 
 constexpr size_t kGlyphsOfAFont = std::size(kGlyphs) / BitmapFont_cls::kFonts;
 
-struct FontName_cls {
-    const char* name;
-    int lineHeight;
-};
-constexpr std::array<FontName_cls, BitmapFont_cls::kFonts> kNames = {{{"HELVETICA_10", 13},
-                                                                      {"HELVETICA_12", 15},
-                                                                      {"HELVETICA_18", 23},
-                                                                      {"TIMES_ROMAN_10", 13},
-                                                                      {"TIMES_ROMAN_24", 29}}};
+constexpr std::array<int, BitmapFont_cls::kFonts> kLineHeights = {13, 15, 23, 13, 29};
 
 /// Larger text would be a picture of its own.
 constexpr int kMaxScale = 16;
@@ -72,17 +64,6 @@ void ForEachGlyph(BitmapFont_cls::Font font, const wxString& text, Function func
 
 }  // namespace
 
-std::optional<BitmapFont_cls::Font> BitmapFont_cls::Find(const wxString& name) {
-    for (unsigned int i = 0; i < kFonts; ++i) {
-        if (name == kNames[i].name) return static_cast<Font>(i);
-    }
-    return std::nullopt;
-}
-
-const char* BitmapFont_cls::GetName(Font font) {
-    return kNames[font].name;
-}
-
 BitmapFont_cls::BitmapFont_cls(Font font, int scale) : mFont(font), mScale(std::clamp(scale, 1, kMaxScale)) {}
 
 BitmapFont_cls BitmapFont_cls::ForHeight(int height) {
@@ -98,7 +79,7 @@ int BitmapFont_cls::GetWidth(const wxString& text) const {
 }
 
 int BitmapFont_cls::GetLineHeight() const {
-    return kNames[mFont].lineHeight * mScale;
+    return kLineHeights[mFont] * mScale;
 }
 
 BitmapFont_cls::Raster_cls BitmapFont_cls::Rasterise(const wxString& text) const {

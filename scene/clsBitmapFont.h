@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 /// The five bitmap fonts of GLUT. Their glyphs are part of the program (clsBitmapFontGlyphs.inc, made by
@@ -21,10 +20,6 @@ class BitmapFont_cls {
         kTimesRoman24,
         kFonts
     };
-
-    /// "HELVETICA_10", "HELVETICA_12", "HELVETICA_18", "TIMES_ROMAN_10", "TIMES_ROMAN_24"; null for others.
-    static std::optional<Font> Find(const wxString& name);
-    static const char* GetName(Font font);
 
     /// Every glyph pixel becomes a square of `scale` pixels, for large pictures.
     explicit BitmapFont_cls(Font font, int scale = 1);

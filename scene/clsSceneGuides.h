@@ -55,9 +55,6 @@ class SceneGuides_cls {
     /// The texts beside their places, with the projection of the view loaded; none behind the camera.
     void DrawTags(const OverlayText_cls& text) const;
 
-    const std::vector<Vertex_cls>& GetLines() const { return mLines; }
-    const std::vector<Tag_cls>& GetTags() const { return mTags; }
-
     /// The next of ..., 0.1, 0.2, 0.5, 1, 2, 5, 10, ... at or above a length.
     static double RoundUp(double length);
 

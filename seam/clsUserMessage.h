@@ -7,10 +7,10 @@
 
 /// Telling the user something and asking for a decision.
 /// With a window this is a message box; headless it is one line on standard error and the safe answer.
-/// Threads: Tell() and Ask() on the GUI thread, Fatal() on any.
+/// Threads: Tell() and AskYesNo() on the GUI thread, PrintError() and MsgBoxExit() on any.
 class UserMessage_cls {
   public:
-    enum class Answer { Ok, Yes, No, Cancel };
+    enum class Answer { Ok, Yes, No };
     enum class Buttons { Ok, YesNo };
 
     virtual ~UserMessage_cls() = default;

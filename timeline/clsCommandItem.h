@@ -37,7 +37,6 @@ class CommandItem_cls {
     virtual bool ChangesProject() const { return true; }
 
     int GetCommandType() const { return mCommandType; }
-    int GetUpdateBits() const { return mUpdateBits; }
 
     /// Asks for this command's refresh work.
     void UpdateBit() const { UpdateBit(mUpdateBits); }

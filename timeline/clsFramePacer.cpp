@@ -1,19 +1,13 @@
 #include "timeline/clsFramePacer.h"
 
-#include <algorithm>
-
 #include "seam/clsClock.h"
-
-void FramePacer_cls::SetInterval(int milliseconds) {
-    mInterval = std::clamp(milliseconds, 0, kMaxInterval);
-}
 
 void FramePacer_cls::Restart() {
     mLastShown = Clock_cls::Current().Now();
 }
 
 long long FramePacer_cls::GetRemaining() const {
-    return mInterval - (Clock_cls::Current().Now() - mLastShown);
+    return kInterval - (Clock_cls::Current().Now() - mLastShown);
 }
 
 void FramePacer_cls::WaitForNext() {

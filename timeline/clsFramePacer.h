@@ -5,11 +5,7 @@
 class FramePacer_cls {
   public:
     static constexpr int kPollMs = 3;
-    static constexpr int kMaxInterval = 60000;
-
-    int GetInterval() const { return mInterval; }
-    /// Limited to 0 .. kMaxInterval, so that a wait always ends.
-    void SetInterval(int milliseconds);
+    static constexpr int kInterval = 30;
 
     /// A frame is shown now.
     void Restart();
@@ -19,6 +15,5 @@ class FramePacer_cls {
     void WaitForNext();
 
   private:
-    int mInterval = 30;
     long long mLastShown = 0;
 };

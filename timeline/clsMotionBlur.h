@@ -11,7 +11,6 @@ class MotionBlur_cls {
 
     int GetSample() const { return mSample; }
     int GetSamples() const { return mSamples; }
-    float GetSpan() const { return mSpan; }
     /// Sample numbers below 1 count as 1; a span that is no finite number is left as it was.
     void Set(int samples, float span) {
         mSamples = std::clamp(samples, 1, kMaxSamples);

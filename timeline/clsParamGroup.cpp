@@ -53,17 +53,10 @@ bool ParamGroup_cls::AddChild(ParamGroup_cls& child) {
     return true;
 }
 
-ParamGroup_cls* ParamGroup_cls::AddOwnedChild(std::unique_ptr<ParamGroup_cls> child) {
-    if (!child || !AddChild(*child)) return nullptr;
-    return mOwned.emplace_back(std::move(child)).get();
-}
-
 void ParamGroup_cls::RemoveChild(ParamGroup_cls& child) {
     if (child.mParent != this) return;
     child.mParent = nullptr;
     std::erase(mChildren, &child);
-    std::erase_if(mOwned,
-                  [&](const std::unique_ptr<ParamGroup_cls>& owned) { return owned.get() == &child; });
 }
 
 Parameters_cls* ParamGroup_cls::GetPCParamFromID(const wxString& identifier) {

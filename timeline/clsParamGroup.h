@@ -10,9 +10,9 @@
 #include "timeline/clsParameters.h"
 
 /// The parameters of one setting (a position has three, a colour four), keyed as one, and a tree of groups.
-/// A group owns its parameters, which never move in memory. A child is either owned or only linked: the
-/// groups of filters, lights and curves belong to those, and hang in the tree of the core as long as they
-/// live. A group that is destroyed leaves its parent.
+/// A group owns its parameters, which never move in memory, and no children: the groups of lights and of the
+/// camera path belong to those, and hang in the tree of the core as long as they live. A group that is
+/// destroyed leaves its parent.
 /// Operations on keys act at once on all parameters of the group and of the groups below it unless said
 /// otherwise; see Parameters_cls for times, undo and failures.
 /// Threads: GUI thread; GetInterpolatedValue4Fast() on any thread while no key is edited.
@@ -39,9 +39,7 @@ class ParamGroup_cls {
     /// Links a group that someone else owns. False, and nothing changed, for one that has a parent already,
     /// the group itself or one it hangs under.
     bool AddChild(ParamGroup_cls& child);
-    /// The same with a group that becomes this one's; null, and it is destroyed, where AddChild() says false.
-    ParamGroup_cls* AddOwnedChild(std::unique_ptr<ParamGroup_cls> child);
-    /// Takes the child out of the tree; an owned one is destroyed.
+    /// Takes the child out of the tree.
     void RemoveChild(ParamGroup_cls& child);
     const std::vector<ParamGroup_cls*>& GetChildren() const { return mChildren; }
     ParamGroup_cls* GetParent() const { return mParent; }
@@ -141,7 +139,6 @@ class ParamGroup_cls {
     std::deque<Parameters_cls> mParameters;
     ParamGroup_cls* mParent = nullptr;
     std::vector<ParamGroup_cls*> mChildren;
-    std::vector<std::unique_ptr<ParamGroup_cls>> mOwned;
     ConfItemList_cls mItems;
     ConfItemINT_cls mDimension;
     ConfItemBOOL_cls mShyMode;

@@ -4,15 +4,12 @@
 
 #include <functional>
 
-class Parameters_cls;
 class ParamGroup_cls;
 
-/// What parameters and groups reach above themselves: panels, snapshots that keys tag, clipboard, dialogs.
+/// What parameters and groups reach above themselves: clipboard and dialogs.
 /// One is made by the core, given at construction and shared; any function, and the host itself, may be
 /// missing. Threads: called on the GUI thread only.
 struct ParamHost_cls {
-    /// Keys or settings of a parameter have changed: panels refresh, snapshots are tagged anew.
-    std::function<void(const Parameters_cls&)> keysChanged;
     std::function<void(const wxString&)> putClipboard;
     /// The clipboard's text, empty when it holds none.
     std::function<wxString()> getClipboard;

@@ -45,10 +45,6 @@ Parameters_cls::Parameters_cls(const wxString& name, const wxString& identifier,
     mItems.Add(&mPeriodic, "periodic=", "0");
 }
 
-void Parameters_cls::Changed() const {
-    if (mHost && mHost->keysChanged) mHost->keysChanged(*this);
-}
-
 // Evaluation
 
 double Parameters_cls::Evaluate(double t, double resolution) const {
@@ -84,20 +80,12 @@ double Parameters_cls::CalcVelocity(int i, int j) const {
 
 void Parameters_cls::SetTimeDependent(bool timeDependent) {
     mTimeDepend.mValue = timeDependent;
-    Changed();
-}
-
-void Parameters_cls::SetPeriodic(int period) {
-    mPeriodic.mValue = period;
-    AdjustAutoControl();
-    Changed();
 }
 
 void Parameters_cls::InitSet(double value, unsigned int type) {
     if (!std::isfinite(value)) return;
     mKeys.assign(1, {});
     mKeys.front().Set(0.0, type, value, 0.0, 0.0, false);
-    Changed();
 }
 
 // Keys: asking
@@ -188,7 +176,6 @@ int Parameters_cls::AddKey(const KeyFrame_cls& key, int index) {
     const auto added = mKeys.insert(std::upper_bound(mKeys.begin(), mKeys.end(), key, IsEarlier), key);
     const size_t place = PlaceAmongEquals(static_cast<size_t>(added - mKeys.begin()), index);
     AdjustAround(place);
-    Changed();
     return static_cast<int>(place);
 }
 
@@ -208,7 +195,6 @@ int Parameters_cls::OverwriteKey(int i, const KeyFrame_cls& key, int index) {
     const size_t place = PlaceAmongEquals(static_cast<size_t>(to - mKeys.begin()), index);
     AdjustAround(static_cast<size_t>(i));
     AdjustAround(place);
-    Changed();
     return static_cast<int>(place);
 }
 
@@ -231,7 +217,6 @@ bool Parameters_cls::DeleteKey(int i) {
     if (!HasKey(i)) return false;
     mKeys.erase(mKeys.begin() + i);
     AdjustAround(static_cast<size_t>(i));
-    Changed();
     return true;
 }
 
@@ -279,7 +264,6 @@ void Parameters_cls::SetKeyTypeMulti(const std::vector<KeyType>& types) {
         key.mType = change.type;
     }
     AdjustAutoControl();
-    Changed();
 }
 
 bool Parameters_cls::SelectKeyFrame(int i, bool select) {
@@ -337,7 +321,6 @@ bool Parameters_cls::Replace(std::vector<KeyFrame_cls> keys) {
     mKeys = std::move(keys);
     SortKey();
     AdjustAutoControl();
-    Changed();
     return true;
 }
 
@@ -430,7 +413,6 @@ bool Parameters_cls::ReadStrLine(LineStream_cls& stream, const wxString& line) {
     }
     SortKey();
     AdjustAutoControl();
-    Changed();
     return true;
 }
 

@@ -15,7 +15,7 @@
 class LineStream_cls;
 
 /// One scalar setting, constant or animated by keys. Owned by its group.
-/// The operations here act at once and tell the host. Undo commands call them and keep what they need to go
+/// The operations here act at once. Undo commands call them and keep what they need to go
 /// back: the whole key for one key, the State for everything else.
 /// Keys are always sorted by time and finite: an operation that would break this changes nothing. The
 /// tangents of automatic keys are up to date after every operation; a single key keeps the tangent it has, so
@@ -75,8 +75,6 @@ class Parameters_cls {
 
     bool IsTimeDependent() const { return mTimeDepend.mValue; }
     void SetTimeDependent(bool timeDependent);
-    int GetPeriodic() const { return mPeriodic.mValue; }
-    void SetPeriodic(int period);
     /// One key at time 0 with this value; time dependence stays.
     void InitSet(double value, unsigned int type = KeyFrame_cls::kLinear);
 
@@ -190,7 +188,6 @@ class Parameters_cls {
     size_t PlaceAmongEquals(size_t place, int index);
     /// Takes all keys anew, unless one of them is not finite.
     bool Replace(std::vector<KeyFrame_cls> keys);
-    void Changed() const;
     wxString SegmentExpression(size_t i) const;
     void ReadKeys(LineStream_cls& stream, const wxString& countLine);
 

@@ -193,7 +193,7 @@ using ConfItemFLOATARRAY_cls = ConfItemArray_cls<ConfFloat_cls, 7>;
 using ConfItemDOUBLE_cls = ConfItemScalar_cls<ConfDouble_cls, 8>;
 using ConfItemDOUBLEARRAY_cls = ConfItemArray_cls<ConfDouble_cls, 9>;
 using ConfItemBOOL_cls = ConfItemScalar_cls<ConfBool_cls, 10>;
-/// Bears the double array's code 9: type codes are compared between lists and this one was always 9.
+/// Its code has always been the double array's.
 using ConfItemBOOLARRAY_cls = ConfItemArray_cls<ConfBool_cls, 9>;
 
 extern template class ConfItemScalar_cls<ConfInt_cls, 2>;

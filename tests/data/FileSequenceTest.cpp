@@ -30,32 +30,32 @@ TEST(FileSequenceTest, NamesAreParsed) {
     struct Case {
         const char* path;
         int start;
-        int digits;
+        bool isNumbered;
         const char* format;
         const char* seventh;  // name of member start + 7
         const char* left;     // its left picture
     };
     const Case cases[] = {
-        {"a/snap0120.bin", 120, 4, "a/snap%04d.bin", "a/snap0127.bin", "a/snapL0127.bin"},
-        {"run%05d.dat", 0, 5, "run%05d.dat", "run00007.dat", "runL00007.dat"},
-        {"tipsy.%05d", 0, 5, "tipsy.%05d", "tipsy.00007", "tipsy.L00007"},
-        {"a/b/data.txt", 0, -1, "a/b/data.txt", "a/b/data.txt", "a/b/dataL.txt"},
-        {"0042", 42, 4, "%04d", "0049", "L0049"},
-        {"snap9999", 9999, 4, "snap%04d", "snap10006", "snapL10006"},
-        {"50%_%s_run7.dat", 7, 1, "50%_%s_run%01d.dat", "50%_%s_run14.dat", "50%_%s_runL14.dat"},
-        {"t20261121120000.dat", 1121120000, 10, "t2026%010d.dat", "t20261121120007.dat",
+        {"a/snap0120.bin", 120, true, "a/snap%04d.bin", "a/snap0127.bin", "a/snapL0127.bin"},
+        {"run%05d.dat", 0, true, "run%05d.dat", "run00007.dat", "runL00007.dat"},
+        {"tipsy.%05d", 0, true, "tipsy.%05d", "tipsy.00007", "tipsy.L00007"},
+        {"a/b/data.txt", 0, false, "a/b/data.txt", "a/b/data.txt", "a/b/dataL.txt"},
+        {"0042", 42, true, "%04d", "0049", "L0049"},
+        {"snap9999", 9999, true, "snap%04d", "snap10006", "snapL10006"},
+        {"50%_%s_run7.dat", 7, true, "50%_%s_run%01d.dat", "50%_%s_run14.dat", "50%_%s_runL14.dat"},
+        {"t20261121120000.dat", 1121120000, true, "t2026%010d.dat", "t20261121120007.dat",
          "t2026L1121120007.dat"},
-        {"a/b.7/snap", 0, -1, "a/b.7/snap", "a/b.7/snap", "a/b.7/snapL"},
+        {"a/b.7/snap", 0, false, "a/b.7/snap", "a/b.7/snap", "a/b.7/snapL"},
     };
     for (const Case& c : cases) {
         const FileSequence_cls files(c.path);
         EXPECT_EQ(files.GetStart(), c.start) << c.path;
-        EXPECT_EQ(files.GetDigits(), c.digits) << c.path;
+        EXPECT_EQ(files.IsNumbered(), c.isNumbered) << c.path;
         EXPECT_EQ(files.GetFormat(), c.format) << c.path;
         EXPECT_EQ(files.GetModifiedStr(7), c.seventh) << c.path;
         EXPECT_EQ(files.GetModifiedStr(7, FileSequence_cls::Side::Left), c.left) << c.path;
     }
-    EXPECT_EQ(FileSequence_cls(wxString('x', 1000) + "7").GetDigits(), -1) << "too long for a number";
+    EXPECT_FALSE(FileSequence_cls(wxString('x', 1000) + "7").IsNumbered()) << "too long for a number";
 
     FileSequence_cls files("snap0120.bin");
     files.Set("");

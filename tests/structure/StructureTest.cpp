@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 /// Folders from the lowest to the highest: a header includes only its own folder and those before it.
 const std::vector<std::string> kFolders = {"seam",  "CONFITEM", "timeline", "data", "interp", "render",
-                                           "scene", "filter",   "output",   "pov",  "gui",    "core"};
+                                           "scene", "output",   "pov",      "gui",  "core"};
 
 /// Single headers that a lower folder may use.
 const std::map<std::string, std::set<std::string>> kMayAlsoInclude = {{"interp", {"render/clsColorCurve.h"}}};
@@ -100,7 +100,7 @@ TEST(StructureTest, HeadersFormNoLoop) {
 }
 
 TEST(StructureTest, OnlyDrawingFoldersCallOpenGL) {
-    const std::set<std::string> drawing = {"render", "scene", "filter", "output", "gui"};
+    const std::set<std::string> drawing = {"render", "scene", "output", "gui"};
     const std::regex call("\\bglu?[A-Z][A-Za-z0-9]*\\(|#include <GL/");
     for (const Source& source : ReadSources()) {
         if (drawing.count(source.folder)) continue;

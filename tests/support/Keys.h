@@ -16,6 +16,6 @@ inline KeyFrame_cls Key(double time, double value, unsigned int type = KeyFrame_
 inline bool IsSound(const Parameters_cls& parameter) {
     std::vector<KeyFrame_cls> keys = parameter.GetKeys();
     if (!std::ranges::is_sorted(keys, {}, &KeyFrame_cls::mTime)) return false;
-    KeyCurve_cls::AdjustAuto(keys, parameter.GetPeriodic(), 0, keys.size());
+    KeyCurve_cls::AdjustAuto(keys, parameter.GetState().periodic, 0, keys.size());
     return keys == parameter.GetKeys() && std::ranges::all_of(keys, &KeyFrame_cls::IsFinite);
 }

@@ -12,6 +12,12 @@
 
 namespace {
 
+void SetPeriod(Parameters_cls& parameter, int period) {
+    Parameters_cls::State state = parameter.GetState();
+    state.periodic = period;
+    parameter.SetState(state);
+}
+
 class ParamEditTest : public ::testing::Test {
   protected:
     ParamEditTest() { GCUndoList.Clear(); }
@@ -51,7 +57,7 @@ class ParamEditTest : public ::testing::Test {
                 edit.SetKeyTypeMulti({{index, key.mType}, {0, 2}, {-1, 3}});
             },
             [&] { edit.SetTimeDependent(key.mSelected); },
-            [&] { edit.Change("Period", [&](P& p) { p.SetPeriodic(UpTo(3)); }); },
+            [&] { edit.Change("Period", [&](P& p) { SetPeriod(p, UpTo(3)); }); },
             [&] { edit.Change("Stretch", [&](P& p) { p.RemapKeys(UpTo(2) ? 2.0 : 0.5); }); },
             [&] { edit.Change("Snap", [&](P& p) { p.Quantize(Number()); }); },
             [&] { edit.Change("Paste", [&](P& p) {
@@ -126,7 +132,7 @@ TEST_F(ParamEditTest, CommandsFollowAParameterThatIsBuiltAnew) {
 TEST_F(ParamEditTest, SixtyThousandEditsUndoneRedoneAndReadBackGiveTheSameText) {
     ComParamBase_cls::SetLookUp([&](const wxString& id) { return mGroup.GetPCParamFromID(id); });
     std::uniform_real_distribution<double> any(0.0, 1.0);
-    mGroup.GetParameter(1).SetPeriodic(1);
+    SetPeriod(mGroup.GetParameter(1), 1);
     const wxString empty = mGroup.Serialize();
     for (int i = 0; i < 60000; ++i) {
         Parameters_cls& parameter = mGroup.GetParameter(i % 3);

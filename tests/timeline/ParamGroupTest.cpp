@@ -21,11 +21,7 @@ struct Position {
 };
 
 TEST(ParamGroupTest, ATreeWrittenAndReadBackIsTheSame) {
-    const auto grow = [](ParamGroup_cls& tree, Position& position) {
-        tree.AddOwnedChild(
-            std::make_unique<ParamGroup_cls>("Zoom", 1, std::vector<wxString>{"Zoom"}, "Zoom", false));
-        tree.AddChild(position.group);
-    };
+    ParamGroup_cls zoom("Zoom", 1, {"Zoom"}, "Zoom", false);
     Position position;
     position.group.SetShy(true);
     for (const int count : {3, 4, 1}) position.group.Swap(count);
@@ -33,14 +29,14 @@ TEST(ParamGroupTest, ATreeWrittenAndReadBackIsTheSame) {
     EXPECT_TRUE(position.group.Serialize().StartsWith(
         "-ParamGroup=Position\ndimension=3\nshyMode=1\nStart\nParameter_X\n"));
     ParamGroup_cls tree("Camera");
-    grow(tree, position);
+    EXPECT_TRUE(tree.AddChild(zoom) && tree.AddChild(position.group));
     const wxString text = tree.Serialize();
-    EXPECT_EQ(text, tree.GetChildren()[0]->Serialize() + position.group.Serialize())
-        << "a container writes nothing of its own";
+    EXPECT_EQ(text, zoom.Serialize() + position.group.Serialize()) << "a container writes nothing of its own";
 
     Position otherPosition;
     ParamGroup_cls other("Other");
-    grow(other, otherPosition);
+    ParamGroup_cls otherZoom("Zoom", 1, {"Zoom"}, "Zoom", false);
+    EXPECT_TRUE(other.AddChild(otherZoom) && other.AddChild(otherPosition.group));
     const wxString before = other.Serialize();
     wxString lower = text;
     lower.Replace("Position", "position");
@@ -105,20 +101,23 @@ TEST(ParamGroupTest, TheLastChildAnswersALookUp) {
 
 TEST(ParamGroupTest, GroupsLeaveTheTreeWhenTheyGo) {
     auto outer = std::make_unique<ParamGroup_cls>("Outer");
-    ParamGroup_cls* inner = outer->AddOwnedChild(std::make_unique<ParamGroup_cls>("Inner"));
-    EXPECT_FALSE(inner->AddChild(*outer)) << "no ring";
+    ParamGroup_cls inner("Inner");
+    EXPECT_TRUE(outer->AddChild(inner));
+    EXPECT_FALSE(inner.AddChild(*outer)) << "no ring";
     EXPECT_FALSE(outer->AddChild(*outer));
     Position stays;
     {
         Position goes;
-        EXPECT_TRUE(inner->AddChild(goes.group));
+        EXPECT_TRUE(inner.AddChild(goes.group));
         EXPECT_FALSE(outer->AddChild(goes.group)) << "one parent";
-        EXPECT_TRUE(inner->AddChild(stays.group));
+        EXPECT_TRUE(inner.AddChild(stays.group));
     }
-    EXPECT_EQ(inner->GetChildren(), std::vector<ParamGroup_cls*>{&stays.group});
-    outer->RemoveChild(*inner);
+    EXPECT_EQ(inner.GetChildren(), std::vector<ParamGroup_cls*>{&stays.group});
+    outer->RemoveChild(inner);
     EXPECT_TRUE(outer->GetChildren().empty());
-    EXPECT_EQ(stays.group.GetParent(), nullptr);
+    EXPECT_TRUE(outer->AddChild(inner));
+    outer.reset();
+    EXPECT_EQ(inner.GetParent(), nullptr);
 }
 
 TEST(ParamGroupTest, ValuesAreEvaluatedOrRemembered) {
