@@ -4,8 +4,9 @@
 #include <optional>
 #include <set>
 
-#include "core/clsFrameNames.h"
+#include "core/clsCommandLine.h"
 #include "core/clsProgress.h"
+#include "output/clsFrameNames.h"
 #include "output/clsPictureQueue.h"
 #include "output/clsSampleAverage.h"
 #include "scene/clsScenePass.h"

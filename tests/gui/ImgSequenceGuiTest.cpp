@@ -46,7 +46,8 @@ class ImgSequenceGuiTest : public ::testing::Test {
                                 main.SaveProjectFile(mFolder.File("copy.vhp"), true) == 1;
                      },
                  .getPanel = [&main]() -> const PanelSettings_cls& { return main.GetPanelSettings(0); },
-                 .getViewSize = [] { return wxSize(200, 100); }});
+                 .getViewSize = [] { return wxSize(200, 100); },
+                 .tell = [this](const wxString& words) { mTold = words; }});
         });
         ASSERT_TRUE(WaitFor([this] { return mDialog->IsActive(); }));
     }
@@ -75,6 +76,7 @@ class ImgSequenceGuiTest : public ::testing::Test {
     std::unique_ptr<OpenWindow_cls> mWindow;
     ImgSequenceGUI_cls* mDialog = nullptr;
     User_cls mUser;
+    wxString mTold;
 };
 
 TEST_F(ImgSequenceGuiTest, SavesWhatTheCommandLineSaves) {
