@@ -315,10 +315,9 @@ void DataLoaderGUI_cls::ShowLayout() {
     mBox->Enable(mDraft.GetBox().has_value());
     const bool still = loader.mInterpolateType.mValue == DataLoader_cls::kHermite &&
                        std::find(body.begin(), body.end(), GrammerBase_cls::kVelocity) == body.end();
-    mPreview->Show(mDraft.GetPreview(),
-                   still ? _("The layout has no velocities: with Hermite interpolation the "
-                             "particles stand still between snapshots")
-                         : wxString());
+    mPreview->Show(mDraft.GetPreview(), still ? _("No velocities in the layout: with Hermite, particles "
+                                                  "stand still between snapshots")
+                                              : wxString());
     Layout();
 }
 
