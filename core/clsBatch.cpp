@@ -29,6 +29,7 @@ Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
 }
 
 int Batch_cls::Run() {
+    Interrupt_cls::Install();
     const int prepared = Prepare();
     if (prepared != kDone) return prepared;
     switch (mLine.mAction) {
@@ -54,16 +55,19 @@ int Batch_cls::Prepare() {
                                         mProject.GetUnknownLines()));
         }
     }
-    const wxString data = IsProject() ? wxString()
-                                      : PrepareNamedData(mLine.mFile, mLine.mSettings, mMain.GetDataLoader(),
-                                                         mMain.GetPeriodicBoundary());
+    std::optional<wxString> data;
+    if (!IsProject()) {
+        data = PrepareNamedData(mLine.mFile, mLine.mSettings, mMain.GetDataLoader(),
+                                mMain.GetPeriodicBoundary());
+        if (!data) return Interrupt_cls::IsRaised() ? kInterrupted : kFailed;
+    }
     for (const wxString& setting : mLine.mSettings) {
         const wxString error = mProject.ApplySetting(setting);
         if (error.empty()) continue;
         PrintError("--set " + error);
         return kWrongUsage;
     }
-    if (!IsProject()) mMain.GetDataLoader().OpenDataFile(data);
+    if (data) mMain.GetDataLoader().OpenDataFile(*data);
     return kDone;
 }
 
@@ -98,6 +102,7 @@ int Batch_cls::Info() {
     long long particles = 0;
     PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
     for (int i = 0; i < sequence.GetSeqLength(); ++i) {
+        if (Interrupt_cls::IsRaised()) return kInterrupted;
         const wxString& path = sequence.GetFilename(i);
         const auto file = InputFile_cls::Open(path);
         if (!file) {
@@ -149,7 +154,6 @@ std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {
 int Batch_cls::DoFrames(const FrameRange_cls& frames,
                         const std::function<wxString(int frame, const wxString& name)>& work) {
     const FrameNames_cls names(mLine.mPattern, frames);
-    Interrupt_cls::Install();
     Progress_cls progress((frames.mLast - frames.mFirst) / frames.mStep + 1, mLine.mQuiet);
     for (int frame = frames.mFirst; frame <= frames.mLast; frame += frames.mStep) {
         if (Interrupt_cls::IsRaised()) {
@@ -204,6 +208,11 @@ int Batch_cls::Pov() {
 int Batch_cls::Export() {
     if (!HasData()) return kFailed;
     if (mLine.mAt) {
+        const int last = mMain.GetSeqCtrl().GetActive().GetSeqLength() - 1;
+        if (*mLine.mAt > last) {
+            PrintError(wxString::Format("--at %g: the data end at snapshot %d", *mLine.mAt, last));
+            return kWrongUsage;
+        }
         const wxString error = WriteState(mLine.mPattern, *mLine.mAt);
         if (error.empty()) return Outcome();
         PrintError(error);
@@ -247,6 +256,7 @@ int Batch_cls::Outcome() const {
 int Batch_cls::Save() {
     if (mMain.GetSeqCtrl().GetActive().GetSeqLength() == 0 && !IsProject()) return kFailed;
     ApplyFirstLook();
+    if (Interrupt_cls::IsRaised()) return kInterrupted;
     if (mProject.SaveProjectFile(mLine.mProject, true) == 1) return kDone;
     PrintError(mProject.GetError());
     return kFailed;

@@ -93,6 +93,9 @@ wxString FindConflict(const CommandLine_cls& line) {
     if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
     if ((line.mResume || !line.mMovie.empty()) && line.mAction != Action::Render)
         return "--movie and --resume go with --render";
+    // It might write over the pictures.
+    if (ImageFile_cls::IsKnownFormat(line.mMovie))
+        return "--movie " + line.mMovie + ": that is the name of a picture";
     return {};
 }
 
@@ -136,6 +139,7 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 line.mPattern = value;
                 break;
             case kExport:
+                if (value.empty()) return fail("--export: the file's name is missing");
                 setAction(Action::Export);
                 line.mPattern = value;
                 break;

@@ -57,7 +57,7 @@ bool Film_cls::Open() {
         why = wxString::Format("OpenGL has no frame buffer of %d x %d pixels", mLine.mWidth, mLine.mHeight);
     }
     if (mBuffer && !mLine.mMovie.empty())
-        mMovie = Movie_cls::Start(mLine.mMovie, mLine.mWidth, mLine.mHeight, &why);
+        mMovie = Movie_cls::Start(mLine.mMovie, mLine.mWidth, mLine.mHeight, Interrupt_cls::IsRaised, &why);
     const bool open = mBuffer && (mMovie || mLine.mMovie.empty());
     if (!open) PrintError(why);
     return open;
@@ -73,16 +73,20 @@ void Film_cls::PlaceCamera() {
 
 Film_cls::Result Film_cls::Run() {
     if (!Open()) return Result::Failed;
-    Interrupt_cls::Install();
     PlaceCamera();
-    const Result result = DoSteps();
+    Result result = DoSteps();
     mQueue.Collect(true);
     mProgress.End();
-    if (result == Result::Interrupted) PrintError("interrupted; the files written so far are whole");
-    if (result != Result::Done || mFailed) return result == Result::Done ? Result::Failed : result;
-    const wxString error = mMovie ? mMovie->Finish() : wxString();
-    if (!error.empty()) PrintError(error);
-    return error.empty() ? Result::Done : Result::Failed;
+    if (result == Result::Done && mFailed) return Result::Failed;
+    const wxString error = mMovie && result == Result::Done ? mMovie->Finish() : wxString();
+    if (!error.empty()) result = Interrupt_cls::IsRaised() ? Result::Interrupted : Result::Failed;
+    if (result == Result::Interrupted) {
+        mMovie.reset();
+        PrintError("interrupted; the files written so far are whole");
+    } else if (!error.empty()) {
+        PrintError(error);
+    }
+    return result;
 }
 
 Film_cls::Result Film_cls::DoSteps() {
@@ -165,7 +169,8 @@ void Film_cls::TakePicture(const Step_cls& step) {
 }
 
 void Film_cls::SendToMovie(const std::shared_ptr<const Picture_cls>& picture) {
-    if (!mMovie || mMovie->Push(picture)) return;
+    // On an interrupt the film is given up with the job.
+    if (!mMovie || mMovie->Push(picture) || Interrupt_cls::IsRaised()) return;
     const wxString error = mMovie->Finish();
     mMovie.reset();
     Tell(error);

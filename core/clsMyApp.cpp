@@ -88,6 +88,8 @@ class WindowApp_cls : public wxApp {
 }  // namespace
 
 MyApp::MyApp() {
+    // Handed down ignored, it would hide how the programs that we start end.
+    std::signal(SIGCHLD, SIG_DFL);
     std::setlocale(LC_ALL, "");
     std::setlocale(LC_NUMERIC, "C");
     InstallFileNameConversion();

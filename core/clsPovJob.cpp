@@ -70,7 +70,6 @@ bool PovJob_cls::CanStart() {
 PovJob_cls::Result PovJob_cls::Run() {
     if (!CanStart()) return Result::Failed;
     if (mMain.GetLightSRCCtrl().GetVisibleNumber() == 0) PrintError("note: no light shines in the scene");
-    Interrupt_cls::Install();
     const Result result = mLine.mRunRenderer ? Render() : Write();
     mProgress.End();
     if (result == Result::Interrupted) PrintError("interrupted; the files written so far are whole");

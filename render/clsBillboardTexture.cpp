@@ -40,8 +40,8 @@ unsigned int BillboardTexture_cls::GetName(const wxString& file) {
     return mNames[GLContext_cls::GetCurrentGroup()] = name;
 }
 
-void BillboardTexture_cls::Load() {
-    const wxString path = ResourcePath_cls::Find(mFile);
+wxImage BillboardTexture_cls::ReadFile(const wxString& file, int largestSide, wxString* words) {
+    const wxString path = ResourcePath_cls::Find(file);
     wxString why;
     const auto input = InputFile_cls::Open(path, &why);
     wxImage image;
@@ -49,24 +49,31 @@ void BillboardTexture_cls::Load() {
         const wxLogNull silence;  // told below, in one message
         image.LoadFile(path);
     }
-    GLint largest = 0;
-    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
     if (input && !image.IsOk()) {
         why = "it is no picture that can be read";
-    } else if (input && (image.GetWidth() > largest || image.GetHeight() > largest)) {
+    } else if (input && (image.GetWidth() > largestSide || image.GetHeight() > largestSide)) {
         why = "it is larger than OpenGL's textures";
     } else if (input && !image.HasAlpha()) {
         why = "it has no alpha channel";
     }
-    if (why.empty()) {
+    if (why.empty()) return image;
+    *words = wxString::Format("The billboard texture %s is not used: %s.", path, why);
+    return {};
+}
+
+void BillboardTexture_cls::Load() {
+    GLint largest = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
+    wxString words;
+    const wxImage image = ReadFile(mFile, largest, &words);
+    if (image.IsOk()) {
         GenerateBufferRGBA(image);
         return;
     }
     MakeSoftSprite();
     if (mToldFile == mFile) return;
     mToldFile = mFile;
-    UserMessage_cls::Tell("Warning",
-                          wxString::Format("The billboard texture %s is not used: %s.", path, why));
+    UserMessage_cls::Tell("Warning", words);
 }
 
 void BillboardTexture_cls::GenerateBufferRGBA(const wxImage& image) {
