@@ -13,7 +13,7 @@
 #include "data/clsSplitPath.h"
 #include "pov/clsPovParticles.h"
 #include "pov/clsPovRayCtrl.h"
-#include "render/clsBillboardTexture.h"
+#include "render/clsBillboardFile.h"
 #include "render/clsDrawOption.h"
 #include "render/clsPanelShared.h"
 #include "scene/clsCameraPath.h"
@@ -165,13 +165,12 @@ PovTexture_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString& f
     PovTexture_cls::Sprite sprite;
     sprite.file = wxString::Format("Billboard%d.png", attribute);
     wxString fault;
-    wxImage image =
-        BillboardTexture_cls::ReadFile(owner->mTexFileBillboard.GetValueText(), kLargestSide, &fault);
+    wxImage image = ReadBillboard(owner->mTexFileBillboard.GetValueText(), kLargestSide, &fault);
     // No box, as the view has it: while one is open the window's timer would begin the frame once more.
     if (!fault.empty() && mLinks.toldFaults.insert(fault).second)
         StderrMessage_cls().Show("Warning", fault, UserMessage_cls::Buttons::Ok);
     // The view stands in with a sprite like the one that comes with the program.
-    if (!image.IsOk()) image = BillboardTexture_cls::ReadFile(kDefaultSprite, kLargestSide, error);
+    if (!image.IsOk()) image = ReadBillboard(kDefaultSprite, kLargestSide, error);
     if (!image.IsOk()) return sprite;
     sprite.tint = MeanColor(image);
     wxMemoryOutputStream stream;

@@ -1,22 +1,18 @@
 #include "render/clsBillboardTexture.h"
 
 #include <wx/image.h>
-#include <wx/log.h>
 
 #include <algorithm>
 #include <cmath>
 
+#include "render/clsBillboardFile.h"
 #include "render/clsGLContext.h"
 #include "render/clsOpenGL.h"
-#include "seam/clsInputFile.h"
-#include "seam/clsResourcePath.h"
 #include "seam/clsUserMessage.h"
 
 namespace {
 
 constexpr int kSoftSide = 64;
-/// Files beyond this are not billboards, and decoding them could take all memory.
-constexpr uint64_t kLargestFile = uint64_t{64} << 20;
 
 }  // namespace
 
@@ -40,32 +36,11 @@ unsigned int BillboardTexture_cls::GetName(const wxString& file) {
     return mNames[GLContext_cls::GetCurrentGroup()] = name;
 }
 
-wxImage BillboardTexture_cls::ReadFile(const wxString& file, int largestSide, wxString* words) {
-    const wxString path = ResourcePath_cls::Find(file);
-    wxString why;
-    const auto input = InputFile_cls::Open(path, &why);
-    wxImage image;
-    if (input && input->GetSize() <= kLargestFile) {
-        const wxLogNull silence;  // told below, in one message
-        image.LoadFile(path);
-    }
-    if (input && !image.IsOk()) {
-        why = "it is no picture that can be read";
-    } else if (input && (image.GetWidth() > largestSide || image.GetHeight() > largestSide)) {
-        why = "it is larger than OpenGL's textures";
-    } else if (input && !image.HasAlpha()) {
-        why = "it has no alpha channel";
-    }
-    if (why.empty()) return image;
-    *words = wxString::Format("The billboard texture %s is not used: %s.", path, why);
-    return {};
-}
-
 void BillboardTexture_cls::Load() {
     GLint largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
     wxString words;
-    const wxImage image = ReadFile(mFile, largest, &words);
+    const wxImage image = ReadBillboard(mFile, largest, &words);
     if (image.IsOk()) {
         GenerateBufferRGBA(image);
         return;

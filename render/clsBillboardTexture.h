@@ -21,10 +21,6 @@ class BillboardTexture_cls {
     /// changed.
     unsigned int GetName(const wxString& file);
 
-    /// The file's picture, which has an alpha channel and no side longer than this; else none that is Ok, and
-    /// the reason in words.
-    static wxImage ReadFile(const wxString& file, int largestSide, wxString* words);
-
     /// Four bytes a pixel, red, green, blue and alpha, top row first. The image has an alpha channel.
     void GenerateBufferRGBA(const wxImage& image);
     void DeleteBufferRGBA();
