@@ -32,7 +32,7 @@ int SamplesOf(const TimeCtrl_cls& time) {
 }  // namespace
 
 Film_cls::Film_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-                   const FrameRange_cls& frames)
+                   const FrameSelection_cls& frames)
     : mMain(main),
       mSource(source),
       mLine(line),
@@ -71,25 +71,24 @@ void Film_cls::PlaceCamera() {
     if (const SnapData_cls* first = mSource.Prepare(0.0)) mFitted = FitPanel(*first, panel);
 }
 
-Film_cls::Result Film_cls::Run() {
-    if (!Open()) return Result::Failed;
+JobResult Film_cls::Run() {
+    if (!Open()) return JobResult::Failed;
     Interrupt_cls::Install();
     PlaceCamera();
-    const Result result = DoSteps();
+    const JobResult result = DoSteps();
     mQueue.Collect(true);
     mProgress.End();
-    if (result == Result::Interrupted) PrintError("interrupted; the files written so far are whole");
-    if (result != Result::Done || mFailed) return result == Result::Done ? Result::Failed : result;
+    if (result != JobResult::Done || mFailed) return result == JobResult::Done ? JobResult::Failed : result;
     const wxString error = mMovie ? mMovie->Finish() : wxString();
     if (!error.empty()) PrintError(error);
-    return error.empty() ? Result::Done : Result::Failed;
+    return error.empty() ? JobResult::Done : JobResult::Failed;
 }
 
-Film_cls::Result Film_cls::DoSteps() {
+JobResult Film_cls::DoSteps() {
     std::optional<Step_cls> step = MakeStep(mFrames.mFirst, 0);
     const SnapData_cls* state = step ? Prepare(*step) : nullptr;
     while (step && !mFailed) {
-        if (Interrupt_cls::IsRaised()) return Result::Interrupted;
+        if (Interrupt_cls::IsRaised()) return JobResult::Interrupted;
         if (step->complete) {
             SendToMovie(step->complete);
             mProgress.Step(mNames.Of(step->frame));
@@ -104,7 +103,7 @@ Film_cls::Result Film_cls::DoSteps() {
         TakePicture(*step);
         step = next;
     }
-    return mFailed ? Result::Failed : Result::Done;
+    return mFailed ? JobResult::Failed : JobResult::Done;
 }
 
 std::optional<Film_cls::Step_cls> Film_cls::MakeStep(int frame, int sample) {

@@ -47,28 +47,16 @@ int PDataSeqCtrl_cls::GetAverageMemoryMB() const {
     return loaded == 0 ? -1 : mUsedMB / loaded;
 }
 
-void PDataSeqCtrl_cls::ForEachAhead(const TimeCtrl_cls& time, const std::function<bool(int)>& function) {
+void PDataSeqCtrl_cls::PrefetchNext(const TimeCtrl_cls& time) {
     const long long reach = static_cast<long long>(time.GetPrefetch()) * time.GetPlayIncrement();
     const long long direction = reach < 0 ? -1 : 1;
     for (long long k = 1; k <= std::abs(reach); ++k) {
         const long long frame = time.GetFrame() + direction * k * time.GetSettings().GetAnimStep();
-        if (frame < 0 || frame > time.GetMaxFrame() || !function(static_cast<int>(frame))) return;
+        if (frame < 0 || frame > time.GetMaxFrame()) return;
+        if (IsFrameReady(time, static_cast<int>(frame))) continue;
+        PrepareFrame(time, static_cast<int>(frame));
+        return;
     }
-}
-
-void PDataSeqCtrl_cls::Prefetch(const TimeCtrl_cls& time) {
-    ForEachAhead(time, [&](int frame) {
-        if (!IsFrameReady(time, frame)) PrepareFrame(time, frame);
-        return true;
-    });
-}
-
-void PDataSeqCtrl_cls::PrefetchNext(const TimeCtrl_cls& time) {
-    ForEachAhead(time, [&](int frame) {
-        if (IsFrameReady(time, frame)) return true;
-        PrepareFrame(time, frame);
-        return false;
-    });
 }
 
 bool PDataSeqCtrl_cls::IsFrameReady(const TimeCtrl_cls& time, int frame) {
