@@ -207,9 +207,13 @@ int Batch_cls::Export() {
 wxString Batch_cls::WriteState(const wxString& name, double position) {
     const SnapData_cls* state = mSource.Prepare(position);
     const DataExporter_cls& exporter = mMain.GetDataExporter();
-    if (!state) return WriteParticleState(name, {}, exporter);
-    const PDataBlock_cls& block =
-        mMain.GetSeqCtrl().GetActive().GetSnap(static_cast<int>(position)).GetBlock();
+    const PDataSequence_cls& data = mMain.GetSeqCtrl().GetActive();
+    const PDataSnap_cls& snap = data.GetSnap(data.GetPlace(position).index);
+    if (!state) {
+        const double time = snap.GetTime() == PDataSnap_cls::kNoTime ? 0.0 : snap.GetTime();
+        return WriteParticleState(name, {.mTime = time}, exporter);
+    }
+    const PDataBlock_cls& block = snap.GetBlock();
     return WriteParticleState(name,
                               {.mTime = state->GetTime(),
                                .mCount = state->GetCount(),

@@ -1,8 +1,5 @@
 #include "core/clsFrameSource.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "core/clsMain.h"
 #include "data/clsThreadFileReader.h"
 #include "seam/clsUserMessage.h"
@@ -11,24 +8,12 @@ namespace {
 
 constexpr size_t kMissingNamed = 3;
 
-/// A data position as snapshot and fraction; behind the last snapshot the last one is shown.
-struct Place_cls {
-    int index;
-    double fraction;
-
-    Place_cls(const PDataSequence_cls& sequence, double position) {
-        const double clamped = std::clamp(position, 0.0, std::max(sequence.GetSeqLength() - 1.0, 0.0));
-        index = static_cast<int>(std::floor(clamped));
-        fraction = clamped - index;
-    }
-};
-
 }  // namespace
 
 const SnapData_cls* FrameSource_cls::Prepare(double position, std::span<const double> ahead) {
     PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
     if (sequence.GetSeqLength() == 0) return nullptr;
-    const Place_cls place(sequence, position);
+    const PDataSequence_cls::Place place = sequence.GetPlace(position);
     mMain.CleanUpMemory(place.index);
     if (mVerbose) {
         PrintError(wxString::Format("data position %g: %d of %d MB in memory", position,
@@ -48,7 +33,7 @@ void FrameSource_cls::ReadAhead(std::span<const double> ahead) {
     for (const double position : ahead) {
         // Asked for while one runs, the next reading would wait for it.
         if (GpCThreadReader.load(std::memory_order_acquire)) return;
-        const Place_cls place(sequence, position);
+        const PDataSequence_cls::Place place = sequence.GetPlace(position);
         if (sequence.IsTheIndexReady(place.index, place.fraction, always)) continue;
         sequence.PrepareIndex(place.index, place.fraction, always, false);
     }

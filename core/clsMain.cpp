@@ -5,7 +5,6 @@
 #include <wx/log.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "core/clsCommandLoadData.h"
 #include "core/clsProjectFile.h"
@@ -162,18 +161,16 @@ const SnapData_cls* Main_cls::PrepareState(double position, DisplayedState_cls& 
     PDataSequence_cls& sequence = mSeqCtrl.GetActive();
     if (sequence.GetSeqLength() == 0) return nullptr;
     StopIfLoading();
-    // Behind the last snapshot the last one is shown.
-    const double last = sequence.GetSeqLength() - 1;
-    const double clamped = std::clamp(position, 0.0, last);
-    const int index = static_cast<int>(std::floor(clamped));
-    const double fraction = clamped - index;
+    const auto [index, fraction] = sequence.GetPlace(position);
     sequence.PrepareIndex(index, fraction, mTimeCtrl.IsInterpolateAlways(), true);
     PDataSnap_cls& snap = sequence.GetSnap(index);
     if (!snap.IsItLoaded() || snap.GetParticleNumber() == 0) return nullptr;
 
     const double tau = sequence.GetDT(index, fraction);
     DrawAttributes_cls attributes{};
-    for (size_t i = 0; i < attributes.size(); ++i) attributes[i] = sequence.GetAttributes()[i].get();
+    const bool all = mDrawOption.mClassify.mValue == DrawOption_cls::kAllAttributes;
+    for (size_t i = 0; i < attributes.size(); ++i)
+        attributes[i] = sequence.GetAttributes()[all ? i : 0].get();
     return &into.Get(snap.GetBlock(), attributes, tau, mDrawOption.GetStep());
 }
 

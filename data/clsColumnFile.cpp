@@ -32,18 +32,25 @@ struct Top {
 std::optional<Top> ReadTop(std::string_view text) {
     Top top;
     int numbersAlone = 0;
-    // Lines that begin with "#" are skipped among the records; before time and count they are header lines.
-    int remarks = 0;
-    for (int i = 0; i < kMostHeaderLines && !text.empty(); ++i) {
+    // Empty lines and those that begin with "#" are skipped among the records; before a line of the header
+    // they are lines of it too.
+    size_t skipped = 0;
+    int lines = 0;
+    const auto add = [&](int code) {
+        top.head.insert(top.head.end(), skipped, GrammerBase_cls::kHeadDummy);
+        top.head.push_back(code);
+        skipped = 0;
+        ++lines;
+    };
+    while (lines < kMostHeaderLines && !text.empty()) {
         std::string_view line = TakeLine(&text);
         Words words = SplitWords(line);
-        if (words.empty()) continue;
-        if (words[0].starts_with('#')) {
+        if (words.empty() || words[0].starts_with('#')) {
+            ++skipped;
+            if (words.empty()) continue;
             words[0].erase(0, words[0].find_first_not_of('#'));
-            if (words[0].empty() || words[0].find_first_not_of('#') == std::string::npos)
-                words.erase(words.begin());
+            if (words[0].empty()) words.erase(words.begin());
             if (!CodesOfColumns(words).empty()) top.names = words;
-            ++remarks;
             continue;
         }
         const bool isNumber = AreNumbers(line, words.size());
@@ -51,13 +58,13 @@ std::optional<Top> ReadTop(std::string_view text) {
             top.columns = words.size();
             break;
         }
-        if (isNumber && numbersAlone < 2 && remarks == 0) {
+        if (isNumber && numbersAlone < 2) {
             ++numbersAlone;
-            top.head.push_back(GrammerBase_cls::kNumber);
+            add(GrammerBase_cls::kNumber);
             continue;
         }
         if (!CodesOfColumns(words).empty()) top.names = words;
-        top.head.push_back(GrammerBase_cls::kHeadDummy);
+        add(GrammerBase_cls::kHeadDummy);
     }
     if (top.columns == 0) return std::nullopt;
     // Of two, the first is the time.

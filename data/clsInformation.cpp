@@ -1,7 +1,6 @@
 #include "data/clsInformation.h"
 
 #include <array>
-#include <cmath>
 
 #include "data/clsDataLoader.h"
 #include "data/clsPDataSeqCtrl.h"
@@ -28,7 +27,7 @@ std::vector<Information_cls::Row> Information_cls::GetFrameRows() const {
     const PDataSequence_cls& data = mData.GetActive();
     if (data.GetSeqLength() == 0) return rows;
     const double position = mTime.GetRemappedIndexDouble();
-    const int index = static_cast<int>(std::floor(position));
+    const int index = data.GetPlace(position).index;
     rows.push_back({"Data position", wxString::Format("%.3f", position)});
     rows.push_back({"File", data.GetFilename(index)});
     const PDataSnap_cls& snap = data.GetSnap(index);

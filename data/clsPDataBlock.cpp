@@ -66,7 +66,8 @@ PDataBlock_cls::Reading PDataBlock_cls::LoadData(const wxString& path) {
     }
     if (GetCount() == -1) {
         ReadHeader(*file, path, mSnapshot->GetIndex());
-        mSnapshot->SetTime(mTime);
+        // Towards a file that does not say its time nothing moves, instead of back to time 0.
+        mSnapshot->SetTime(mTimeKnown ? mTime : PDataSnap_cls::kNoTime);
     }
     const int wanted = GetCount();
     if (!IsAllocated() && !Allocate(wanted))
@@ -115,6 +116,7 @@ void PDataBlock_cls::ReadHeader(const InputFile_cls& file, const wxString& path,
     const DataLoader_cls& loader = *mspCDataLoaderLink;
     const SnapshotHeader_cls header = ParseHeader(file, loader);
     mTime = header.mTime.value_or(snapshotIndex);
+    mTimeKnown = header.mTimeKnown;
     mInterpolateType = loader.mInterpolateType.mValue;
     mVariableNumber = loader.mVariableNumber.mValue;
     BoundCount(header, file, path);
@@ -136,6 +138,8 @@ void PDataBlock_cls::BoundCount(const SnapshotHeader_cls& header, const InputFil
         }
         return;
     }
+    if (!header.mTimeKnown)
+        Problem(path, "the header's time is no finite number: nothing moves to it or from it");
     if (header.mNumber && *header.mNumber < 0) {
         Problem(path, wxString::Format("the header says %d particles", *header.mNumber) +
                           GuessLayout(file, loader, *header.mNumber));

@@ -121,6 +121,7 @@ class PDataBlock_cls {
     unsigned int mInterpolateType = 0;
     unsigned int mVariableNumber = 0;
     double mTime = -9999.0;
+    bool mTimeKnown = true;  ///< else mTime is 0, and means nothing
     BodyReport_cls mReport;
     std::vector<wxString> mProblems;
 };

@@ -1,5 +1,6 @@
 #include "data/clsPDataSeqCtrl.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -36,8 +37,13 @@ bool PDataSeqCtrl_cls::IsTheIndexReady(int index, double fraction, bool interpol
 void PDataSeqCtrl_cls::CleanUpMemory(int currentSnapshot, int step) {
     PDataSequence_cls& active = GetActive();
     mUsedMB = active.GetUsedTotalMemoryMB();
-    active.ReleaseMemoryOutofStep(step);
-    while (mUsedMB > mLimitMB && active.ReleaseMemoryAStep(currentSnapshot, step)) {
+    active.ReleaseMemoryOutofStep(step, currentSnapshot);
+    if (mReleasedAt != currentSnapshot) mReleased.clear();
+    mReleasedAt = currentSnapshot;
+    while (mUsedMB > mLimitMB) {
+        const int released = active.ReleaseFarthest(currentSnapshot, step);
+        if (released < 0) break;
+        mReleased.push_back(released);
         mUsedMB = active.GetUsedTotalMemoryMB();
     }
 }
@@ -54,22 +60,29 @@ void PDataSeqCtrl_cls::PrefetchNext(const TimeCtrl_cls& time) {
         const long long frame = time.GetFrame() + direction * k * time.GetSettings().GetAnimStep();
         if (frame < 0 || frame > time.GetMaxFrame()) return;
         if (IsFrameReady(time, static_cast<int>(frame))) continue;
-        PrepareFrame(time, static_cast<int>(frame));
+        // What has just been released would be released again, and so on without end.
+        const int index = PlaceOf(time, static_cast<int>(frame)).index;
+        const bool fits = std::none_of(mReleased.begin(), mReleased.end(), [index](int released) {
+            return released == index || released == index + 1;
+        });
+        if (fits) PrepareFrame(time, static_cast<int>(frame));
         return;
     }
 }
 
+PDataSequence_cls::Place PDataSeqCtrl_cls::PlaceOf(const TimeCtrl_cls& time, int frame) const {
+    return GetActive().GetPlace(time.GetRemappedIndexDouble(frame, 0));
+}
+
 bool PDataSeqCtrl_cls::IsFrameReady(const TimeCtrl_cls& time, int frame) {
-    const double position = time.GetRemappedIndexDouble(frame, 0);
-    const int index = static_cast<int>(std::floor(position));
-    return IsTheIndexReady(index, position - index, time.IsInterpolateAlways());
+    const auto [index, fraction] = PlaceOf(time, frame);
+    return IsTheIndexReady(index, fraction, time.IsInterpolateAlways());
 }
 
 void PDataSeqCtrl_cls::PrepareFrame(const TimeCtrl_cls& time, int frame) {
-    const double position = time.GetRemappedIndexDouble(frame, 0);
-    const int index = static_cast<int>(std::floor(position));
+    const auto [index, fraction] = PlaceOf(time, frame);
     StopIfLoading();
-    PrepareIndex(index, position - index, time.IsInterpolateAlways(), false);
+    PrepareIndex(index, fraction, time.IsInterpolateAlways(), false);
 }
 
 void PDataSeqCtrl_cls::SetSnipping(int index) {

@@ -54,6 +54,7 @@ class PDataSeqCtrl_cls {
     bool ReadStrLine(LineStream_cls& stream, const wxString& line);
 
   private:
+    PDataSequence_cls::Place PlaceOf(const TimeCtrl_cls& time, int frame) const;
     bool IsFrameReady(const TimeCtrl_cls& time, int frame);
     void PrepareFrame(const TimeCtrl_cls& time, int frame);
 
@@ -61,6 +62,9 @@ class PDataSeqCtrl_cls {
     int mActive = 0;
     int mUsedMB = 0;
     int mLimitMB;
+    /// What the limit has released since `mReleasedAt` is shown.
+    std::vector<int> mReleased;
+    int mReleasedAt = -1;
 };
 
 /// Ends the program when a frame is to be prepared while data are being loaded. The lock is only set inside

@@ -51,7 +51,15 @@ int PDataSequence_cls::GetSeqLength() const {
 
 int PDataSequence_cls::ClampIndexWithinRange(int index) const {
     const int length = GetSeqLength();
-    return length >= 1 && index >= length ? length - 1 : index;
+    // Without data the number is used as it is, as far as there are snapshots.
+    return std::clamp(index, 0, (length >= 1 ? length : kMaxLength) - 1);
+}
+
+PDataSequence_cls::Place PDataSequence_cls::GetPlace(double position) const {
+    const double last = std::max(GetSeqLength() - 1, 0);
+    const double clamped = position > 0.0 ? std::min(position, last) : 0.0;
+    const int index = static_cast<int>(clamped);
+    return {.index = index, .fraction = clamped - index};
 }
 
 void PDataSequence_cls::Clear(int snapshot, bool reset) {
@@ -110,12 +118,13 @@ int PDataSequence_cls::GetLoadedFrameNumber() const {
         std::count_if(mSnapshots.begin(), end, [](const auto& s) { return s->IsLoaded(); }));
 }
 
-void PDataSequence_cls::ReleaseMemoryOutofStep(int step) {
+void PDataSequence_cls::ReleaseMemoryOutofStep(int step, int shown) {
     const int distance = std::max(std::abs(step), 1);
     for (int i = 1; i < GetSeqLength(); ++i) {
         // Remainder 0 is shown, remainder 1 is its neighbour for interpolation.
         PDataSnap_cls& snap = *mSnapshots[static_cast<size_t>(i)];
-        if (i % distance > 1 && snap.IsItLoaded()) snap.ReleaseData();
+        const bool needed = i == shown || i == shown + 1;
+        if (i % distance > 1 && !needed && snap.IsItLoaded()) snap.ReleaseData();
     }
 }
 
@@ -137,7 +146,7 @@ int PDataSequence_cls::SearchLowNeedStepSmall(int current, bool tag) const {
     return current >= 1 ? FarthestLoaded(0, std::min(current, GetSeqLength()), tag) : -1;
 }
 
-bool PDataSequence_cls::ReleaseMemoryAStep(int current, int step) {
+int PDataSequence_cls::ReleaseFarthest(int current, int step) {
     const int far = 3 * step;
     const int after = SearchLowNeedStepLarge(current, false);
     const int before = SearchLowNeedStepSmall(current, false);
@@ -159,9 +168,8 @@ bool PDataSequence_cls::ReleaseMemoryAStep(int current, int step) {
     } else {
         chosen = beforeTagged;
     }
-    if (chosen < 0) return false;
-    mSnapshots[static_cast<size_t>(chosen)]->ReleaseData();
-    return true;
+    if (chosen >= 0) mSnapshots[static_cast<size_t>(chosen)]->ReleaseData();
+    return chosen;
 }
 
 void PDataSequence_cls::SetSnipping(int index) {

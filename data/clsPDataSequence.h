@@ -17,7 +17,7 @@ class LineStream_cls;
 /// Snapshots are read on demand, one after another, interpolated towards the next when values between two
 /// files are needed, and released when they fall out of the playing step or the memory limit asks for it.
 /// Owned by PDataSeqCtrl_cls. Owns its snapshots, all from the start, and its four draw attributes.
-/// Snapshot numbers at or above the length mean the last snapshot; numbers below 0 must not be passed.
+/// Snapshot numbers at or above the length mean the last snapshot, those below 0 the first.
 /// Threads: GUI thread. Units: memory in KB and MB by the fixed figures of PDataBlock_cls.
 class PDataSequence_cls {
   public:
@@ -25,6 +25,13 @@ class PDataSequence_cls {
     static constexpr int kAttributes = 4;
     /// Clear(): every snapshot.
     static constexpr int kAll = -2;
+    static constexpr int kNone = -2;
+
+    /// A snapshot and how far it is to the next one.
+    struct Place {
+        int index;
+        double fraction;
+    };
 
     explicit PDataSequence_cls(unsigned int number);
     ~PDataSequence_cls();
@@ -52,10 +59,13 @@ class PDataSequence_cls {
 
     int GetUsedTotalMemoryMB() const;
     int GetLoadedFrameNumber() const;
-    /// Releases snapshots between the steps of playback: those whose number leaves a remainder above 1.
-    void ReleaseMemoryOutofStep(int step);
+    /// Releases snapshots between the steps of playback: those whose number leaves a remainder above 1. The
+    /// one that is shown and its successor stay, or they would be read again at once.
+    void ReleaseMemoryOutofStep(int step, int shown = kNone);
     /// Releases the snapshot that playback needs last. False when none can go.
-    bool ReleaseMemoryAStep(int current, int step);
+    bool ReleaseMemoryAStep(int current, int step) { return ReleaseFarthest(current, step) >= 0; }
+    /// The same; says which one has been released, -1 for none.
+    int ReleaseFarthest(int current, int step);
     /// The farthest loaded snapshot after, or before, the current one with this key frame tag; -1 for none.
     int SearchLowNeedStepLarge(int current, bool tag) const;
     int SearchLowNeedStepSmall(int current, bool tag) const;
@@ -66,6 +76,8 @@ class PDataSequence_cls {
 
     int GetSeqLength() const;
     int ClampIndexWithinRange(int index) const;
+    /// What is shown at a data position, which may be any number: behind the last snapshot the last one.
+    Place GetPlace(double position) const;
     const wxString& GetFilename(int index) const { return GetSnap(index).GetFilePath(); }
     PDataSnap_cls::FileState GetFilenameStatus(int index) const { return GetSnap(index).GetFileState(); }
     int GetParticleNumber(int index) const { return GetSnap(index).GetParticleNumber(); }

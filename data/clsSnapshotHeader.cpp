@@ -68,6 +68,7 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
     header.mComplete = header.mBytesThere == header.mBytesWanted;
     if (grammer.IsItemExistHead(GrammerBase_cls::kTime)) header.mTime = 0.0;
     if (grammer.IsItemExistHead(GrammerBase_cls::kNumber)) header.mNumber = 0;
+    header.mTimeKnown = header.mComplete || !header.mTime;
     if (!header.mComplete) return header;
 
     const char* position = bytes.data();
@@ -75,7 +76,8 @@ SnapshotHeader_cls SnapshotHeader_cls::FromBinary(std::span<const char> bytes,
         switch (code) {
             case GrammerBase_cls::kTime:
                 header.mTime = static_cast<double>(LoadNumber<float>(position));
-                if (!std::isfinite(*header.mTime)) header.mTime = 0.0;
+                header.mTimeKnown = std::isfinite(*header.mTime);
+                if (!header.mTimeKnown) header.mTime = 0.0;
                 break;
             case GrammerBase_cls::kNumber:
                 header.mNumber = LoadNumber<int32_t>(position);
@@ -96,7 +98,10 @@ SnapshotHeader_cls SnapshotHeader_cls::FromText(std::string_view text, const Gra
         ++lineNumber;
         if (text.empty()) header.mComplete = false;
         const std::string_view line = TakeLine(&text).substr(0, kMaxHeaderLine);
-        if (code == GrammerBase_cls::kTime) header.mComplete &= ParseTime(line, &header.mTime);
+        if (code == GrammerBase_cls::kTime) {
+            header.mTimeKnown = ParseTime(line, &header.mTime);
+            header.mComplete &= header.mTimeKnown;
+        }
         if (code == GrammerBase_cls::kNumber) header.mComplete &= ParseCount(line, &header.mNumber);
         if (!header.mComplete && header.mBadLine == 0) header.mBadLine = lineNumber;
     }

@@ -10,6 +10,7 @@
 /// What the header of one snapshot file says. Plain functions on bytes: no files, no threads.
 struct SnapshotHeader_cls {
     std::optional<double> mTime;    ///< empty when the grammar has no time item
+    bool mTimeKnown = true;         ///< false: there is a time item, but not a finite number in it
     std::optional<int> mNumber;     ///< empty when the grammar has no number item
     unsigned int mBytesWanted = 0;  ///< binary: size of the header
     unsigned int mBytesThere = 0;   ///< binary: what the file holds of it

@@ -80,9 +80,9 @@ void ConnectColorCurves(wxWindow* frame, FrameContext_cls& context) {
     context.colorCurveCtrl.SetValueSource(
         [&context](const ColorCurve_cls& curve) -> ColorCurveCtrl_cls::Values {
             const double position = context.timeCtrl.GetRemappedIndexDouble(-1, -1);
-            const int index = static_cast<int>(position);
-            const bool ready = context.seqCtrl.IsTheIndexReady(index, position - index,
-                                                               context.timeCtrl.IsInterpolateAlways());
+            const auto [index, fraction] = context.seqCtrl.GetActive().GetPlace(position);
+            const bool ready =
+                context.seqCtrl.IsTheIndexReady(index, fraction, context.timeCtrl.IsInterpolateAlways());
             // The window is not to wait for a histogram.
             if (!ready) return std::nullopt;
             const SnapData_cls* state = context.prepareState(position);

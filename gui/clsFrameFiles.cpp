@@ -188,8 +188,7 @@ bool FrameFiles_cls::OfferRecovery() {
     mViews.tellFaults(*faults);
     mRecovered = true;
     NoteChange();
-    mRecovery.Save();
+    mRecovery.TakeOver(*left);
     mFrame.SetTitle(GetTitle());
-    Recovery_cls::Discard(*left);
     return true;
 }

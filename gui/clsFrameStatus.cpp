@@ -3,7 +3,6 @@
 #include <wx/bmpbuttn.h>
 
 #include <array>
-#include <cmath>
 #include <filesystem>
 
 #include "data/clsBodyProgress.h"
@@ -125,11 +124,10 @@ wxString FrameStatus_cls::Instant() const {
     wxString text = wxString::Format("frame %d of %d", time.GetFrame(), time.GetMaxFrame());
     const PDataSequence_cls& data = mContext.seqCtrl.GetActive();
     if (data.GetSeqLength() == 0) return text;
-    const double position = time.GetRemappedIndexDouble();
-    const int index = static_cast<int>(std::floor(position));
+    const auto [index, fraction] = data.GetPlace(time.GetRemappedIndexDouble());
     const double start = data.GetTime(index);
     if (start != PDataSnap_cls::kNoTime)
-        text += wxString::Format("  |  t = %.6g", start + data.GetDT(index, position - index));
+        text += wxString::Format("  |  t = %.6g", start + data.GetDT(index, fraction));
     return text;
 }
 

@@ -1,7 +1,6 @@
 #include "gui/clsPlayback.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "data/clsBodyProgress.h"
 #include "data/clsPDataSeqCtrl.h"
@@ -83,7 +82,7 @@ void Playback_cls::WorkOnData() {
     PDataSeqCtrl_cls& data = mContext.seqCtrl;
     const TimeCtrl_cls& time = mContext.timeCtrl;
     const double position = time.GetRemappedIndexDouble();
-    const int index = static_cast<int>(std::floor(position));
+    const auto [index, fraction] = data.GetActive().GetPlace(position);
     mContext.cleanUpMemory(index);
     if (mStoppedAt && *mStoppedAt != position) ReadOn();
     if (!HasData() || mStoppedAt) return;
@@ -103,7 +102,7 @@ void Playback_cls::WorkOnData() {
     } else if (ready) {
         data.PrefetchNext(time);
     } else {
-        data.PrepareIndex(index, position - index, time.IsInterpolateAlways(), false);
+        data.PrepareIndex(index, fraction, time.IsInterpolateAlways(), false);
         // Rates may have been refused because others are under way.
         mTimer.StartOnce(kReadingMs);
     }

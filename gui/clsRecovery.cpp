@@ -59,7 +59,8 @@ std::optional<wxString> Recovery_cls::FindLeft() const {
         const wxString run = name.Mid(wxString(kPrefix).length()).BeforeFirst('.');
         unsigned long process = 0;
         if (!run.BeforeFirst('-').ToULong(&process)) continue;
-        if (NameOf(process) != run) return mFolder + "/" + name;
+        const wxString path = mFolder + "/" + name;
+        if (NameOf(process) != run || (path == mPath && !mSavedState)) return path;
     }
     return std::nullopt;
 }
@@ -67,6 +68,11 @@ std::optional<wxString> Recovery_cls::FindLeft() const {
 void Recovery_cls::Discard(const wxString& path) {
     const wxLogNull silent;
     wxRemoveFile(path);
+}
+
+void Recovery_cls::TakeOver(const wxString& left) {
+    Save();
+    if (left != mPath) Discard(left);
 }
 
 void Recovery_cls::Save() {

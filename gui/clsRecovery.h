@@ -29,6 +29,8 @@ class Recovery_cls : public wxTimer {
     /// The work of a run that ended without saving, if any. It stays until Discard().
     std::optional<wxString> FindLeft() const;
     static void Discard(const wxString& path);
+    /// What was left is open now: from here on it is this run's work.
+    void TakeOver(const wxString& left);
     /// Writes now if there is unsaved work that has not been written.
     void Save();
     /// There is nothing unsaved any more.

@@ -1,7 +1,5 @@
 #include "gui/clsShownInstant.h"
 
-#include <cmath>
-
 #include "data/clsPDataSeqCtrl.h"
 #include "interp/clsSnapData.h"
 #include "interp/clsThreadInterpolator.h"
@@ -16,10 +14,10 @@ bool ShownInstant_cls::MayPrepare(const FrameContext_cls& context) {
 
 bool ShownInstant_cls::IsReady() {
     const TimeCtrl_cls& time = mContext.timeCtrl;
-    if (mContext.seqCtrl.GetActive().GetSeqLength() == 0) return true;
-    const double position = time.GetRemappedIndexDouble();
-    const int index = static_cast<int>(std::floor(position));
-    return mContext.seqCtrl.IsTheIndexReady(index, position - index, time.IsInterpolateAlways());
+    const PDataSequence_cls& data = mContext.seqCtrl.GetActive();
+    if (data.GetSeqLength() == 0) return true;
+    const auto [index, fraction] = data.GetPlace(time.GetRemappedIndexDouble());
+    return mContext.seqCtrl.IsTheIndexReady(index, fraction, time.IsInterpolateAlways());
 }
 
 const SnapData_cls* ShownInstant_cls::Get() {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
+#include <limits>
 #include <random>
 #include <set>
 
@@ -10,8 +12,10 @@
 #include "interp/clsThreadInterpolator.h"
 #include "seam/clsClock.h"
 #include "seam/clsLineStream.h"
+#include "support/ReadAll.h"
 #include "support/SampleData.h"
 #include "support/TempFolder.h"
+#include "timeline/clsTimeCtrl.h"
 
 namespace {
 
@@ -121,6 +125,22 @@ TEST_F(CacheTest, MissingFilesAreReadyAndNothingMovesTowardsThem) {
     EXPECT_TRUE(sequence.IsTheIndexReady(5, 0.0, false));
 }
 
+TEST_F(CacheTest, NothingMovesTowardsAFileThatDoesNotSayItsTime) {
+    const std::string whole = DefaultSnapshot(6.0F, 1, {SampleParticle_cls{}});
+    for (const std::string& broken :
+         {std::string(), whole.substr(0, 3), DefaultSnapshot(std::nanf(""), 1, {SampleParticle_cls{}}),
+          DefaultSnapshot(INFINITY, 0, {})}) {
+        Write(5, 1);
+        mFolder.Write(Name(3), broken);
+        PDataSequence_cls& sequence = Open();
+        Load({1, 2, 3, 4});
+        EXPECT_EQ(sequence.GetDT(1, 0.5), 1.0);
+        EXPECT_EQ(sequence.GetDT(2, 0.5), 0.0) << broken.size() << " bytes";
+        EXPECT_EQ(sequence.GetDT(3, 0.5), 0.0) << broken.size() << " bytes";
+        EXPECT_FALSE(sequence.GetSnap(3).TakeProblems().empty()) << broken.size() << " bytes";
+    }
+}
+
 TEST_F(CacheTest, EmptySequencesAnswerHarmlessly) {
     mControl = std::make_unique<PDataSeqCtrl_cls>(false);
     PDataSequence_cls& sequence = mControl->GetActive();
@@ -146,6 +166,64 @@ TEST_F(CacheTest, SnapshotsBetweenTheStepsOfPlaybackAreReleased) {
         if (c.step != 0) Load({0, 1, 2, 3, 4, 5, 6, 7, 8});
         mControl->GetActive().ReleaseMemoryOutofStep(c.step);
         EXPECT_EQ(Loaded(), c.kept) << c.step;
+    }
+    Load({0, 1, 2, 3, 4, 5, 6, 7, 8});
+    mControl->CleanUpMemory(3, 5);
+    EXPECT_EQ(Loaded(), (std::set<int>{0, 1, 3, 4, 5, 6})) << "the one that is shown stays";
+}
+
+TEST_F(CacheTest, AnyNumberMeansSomeSnapshot) {
+    struct Case {
+        double position;
+        int index;
+        double fraction;
+    };
+    Write(9, 1);
+    const PDataSequence_cls& sequence = Open();
+    for (const Case& c : {Case{-1.0, 0, 0.0}, Case{3.25, 3, 0.25}, Case{7.5, 7, 0.5}, Case{8.0, 8, 0.0},
+                          Case{8.5, 8, 0.0}, Case{1e300, 8, 0.0}, Case{-1e300, 0, 0.0},
+                          Case{std::numeric_limits<double>::quiet_NaN(), 0, 0.0}}) {
+        const auto place = sequence.GetPlace(c.position);
+        EXPECT_EQ(place.index, c.index) << c.position;
+        EXPECT_EQ(place.fraction, c.fraction) << c.position;
+    }
+    // Key frames mark snapshots of the three empty sequences too.
+    for (const int index : {-1, 20000, INT32_MAX}) mControl->SetSnipping(index);
+    mControl->ClearSnipping();
+}
+
+/// Looks at one frame for a while, as the window does when it has nothing else to do.
+TEST_F(CacheTest, ReadingEndsUnderAnyLimitAndStep) {
+    constexpr int kParticles = 19000;  // 1 MB by the fixed figures
+    Write(12, kParticles);
+    for (const int limit : {0, 2, 4, 100}) {
+        for (const int frame : {0, 5, 50}) {
+            for (const int increment : {1, -1}) {
+                for (const int step : {1, 5}) {
+                    const PDataSequence_cls& sequence = Open();
+                    mControl->SetMemoryLimitMB(limit);
+                    TimeCtrl_cls time;
+                    time.SetMaxFrameNative(50);
+                    ReadAll(time, wxString::Format("TimeAnimStep=%d\n", step));
+                    time.SetPrefetchNative(3);
+                    time.SetFrameNative(frame);
+                    time.StartPlay(increment);
+                    time.ProcStopPlaying();
+                    const auto [index, fraction] = sequence.GetPlace(time.GetRemappedIndexDouble());
+                    std::set<int> before;
+                    for (int round = 0; round < 16; ++round) {
+                        mControl->CleanUpMemory(index, time.GetSkippingStep());
+                        before = Loaded();
+                        mControl->PrepareIndex(index, fraction, false, true);
+                        mControl->PrefetchNext(time);
+                        if (GpCThreadReader.load()) PollUntil(GbThreadReaderFinished, 1);
+                        ThreadFileReader_cls::Retire();
+                    }
+                    EXPECT_EQ(Loaded(), before) << "limit " << limit << ", frame " << frame << ", increment "
+                                                << increment << ", step " << step;
+                }
+            }
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <thread>
 
 #include "gui/clsMainGLCanvas.h"
@@ -404,8 +405,13 @@ TEST_F(FrameMainGuiTest, UnsavedWorkIsOfferedAtTheNextStart) {
     mWindow.reset();
 
     const auto openAgain = [&] {
-        mWindow = std::make_unique<OpenWindow_cls>(std::vector<std::string>{"--config", config});
-        ASSERT_TRUE(Answer("Unsaved work", "alt+y"));
+        // What was not saved comes before the file that the program is started with.
+        auto opened = std::async(std::launch::async, [&] {
+            return std::make_unique<OpenWindow_cls>(
+                std::vector<std::string>{"--config", config, mFolder.File("none.vhp")});
+        });
+        EXPECT_TRUE(Answer("Unsaved work", "alt+o"));
+        mWindow = opened.get();
         ASSERT_TRUE(WaitFor([&] { return Frame().GetTitle().StartsWith("*untitled"); }));
         EXPECT_EQ(OnGui([&] { return Views().GetLayout(); }), 2U);
         EXPECT_TRUE(SeesParticles(0));
