@@ -1,7 +1,6 @@
 #include "data/clsPDataSeqCtrl.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 #include "seam/clsDiagnostics.h"

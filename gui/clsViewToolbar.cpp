@@ -132,7 +132,7 @@ void ViewToolbar_cls::AddSwitch(const wxString& icon, const wxString& tip, ConfI
 
 void ViewToolbar_cls::ShowSettings(std::uint64_t) {
     const auto geometry = static_cast<int>(mPanel.mGeometry.mValue);
-    mGeometry->SetSelection(geometry < static_cast<int>(kGeometries.size()) ? geometry : wxNOT_FOUND);
+    mGeometry->SetSelection(geometry < static_cast<int>(mGeometry->GetCount()) ? geometry : wxNOT_FOUND);
     mWhose->SetSelection(mPanel.mDisplayMode.mValue == 0 ? kPath : kOwn);
     mAngle->RefreshFromModel();
     for (const Switch& item : mSwitches) item.button->SetValue(item.setting->mValue);
