@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <utility>
 
 #include "core/clsFilm.h"
@@ -49,6 +50,11 @@ int Batch_cls::Prepare() {
     if (!mMain.ReadConfiguration(mLine.mConfig)) return kFailed;
     if (IsProject()) {
         if (!mProject.OpenProject(mLine.mFile)) return kFailed;
+        if (mProject.GetKnownLines() == 0) {
+            PrintError(mLine.mFile + " is no project");
+            return kFailed;
+        }
+        for (const wxString& fault : mProject.GetFaults()) PrintError(fault);
         if (mLine.mVerbose) {
             PrintError(wxString::Format("%s: %d lines belong to no setting", mLine.mFile,
                                         mProject.GetUnknownLines()));
@@ -204,7 +210,22 @@ int Batch_cls::Export() {
     });
 }
 
+bool Batch_cls::IsInput(const wxString& name) {
+    const auto isSame = [path = ToBytes(name)](const wxString& input) {
+        std::error_code differs;
+        return std::filesystem::equivalent(path, ToBytes(input), differs);
+    };
+    if (!InputFile_cls::CanOpen(name)) return false;
+    if (isSame(mLine.mFile)) return true;
+    const PDataSequence_cls& data = mMain.GetSeqCtrl().GetActive();
+    for (int i = 0; i < data.GetSeqLength(); ++i) {
+        if (isSame(data.GetFilename(i))) return true;
+    }
+    return false;
+}
+
 wxString Batch_cls::WriteState(const wxString& name, double position) {
+    if (IsInput(name)) return name + " is read here: choose another name for what is written";
     const SnapData_cls* state = mSource.Prepare(position);
     const DataExporter_cls& exporter = mMain.GetDataExporter();
     const PDataSequence_cls& data = mMain.GetSeqCtrl().GetActive();

@@ -40,6 +40,8 @@ class Batch_cls {
                  const std::function<wxString(int frame, const wxString& name)>& work);
     /// Says once what a file holds behind its particles; no fault.
     void TellLeftover(const InputFile_cls& file, const wxString& path, int particles);
+    /// True for the project or a file of the data.
+    bool IsInput(const wxString& name);
     wxString WriteState(const wxString& name, double position);
     /// The exit status of a job; that it was interrupted is told.
     int Outcome(JobResult result = JobResult::Done) const;

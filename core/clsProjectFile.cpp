@@ -152,6 +152,7 @@ bool ProjectFile_cls::WriteCopy(const wxString& path) {
     PDataSeqCtrl_cls& data = mMain.GetSeqCtrl();
     const wxString folder = data.GetActive().GetProjectFolder();
     data.SetProjectFolder(SplitPath_cls(path).mDirectory);
+    const ExactNumbers_cls exact;
     const wxString text = Serialize(true);
     data.SetProjectFolder(folder);
     return OutputFile_cls::WriteWhole(path, ToBytes(text), OutputFile_cls::Sync::Durable).empty();
@@ -164,7 +165,8 @@ bool ProjectFile_cls::Offer(LineStream_cls& stream, const wxString& line) {
 }
 
 bool ProjectFile_cls::OpenProject(const wxString& path) {
-    mMain.CloseData();
+    // What cannot be read costs nothing of what is open.
+    if (InputFile_cls::Open(path)) mMain.CloseData();
     return ReadProjectFile(path);
 }
 

@@ -1,6 +1,7 @@
 #include "data/clsBinaryFile.h"
 
 #include <cstring>
+#include <numeric>
 #include <span>
 
 namespace {
@@ -38,14 +39,19 @@ std::optional<FileKind_cls> DefaultRecord(const FileStart_cls& start, const Numb
 /// One of the three kinds of particles a Tipsy file may hold, in the order of the file.
 struct TipsyKind {
     const char* name;
-    uint64_t recordByte;
     std::vector<int> body;
+
+    uint64_t GetRecordByte() const {
+        return std::accumulate(body.begin(), body.end(), uint64_t{0}, [](uint64_t sum, int code) {
+            return sum + uint64_t{4} * GrammerBase_cls::BodyUnits(code);
+        });
+    }
 };
 
 /// Softening or smoothing length is the radius; value1 is the density of gas, the potential of the others.
 const std::vector<TipsyKind>& TipsyKinds() {
     static const std::vector<TipsyKind> kinds = {
-        {"gas", 48, {2, 0, 1, 8, 2, 5}}, {"dark", 36, {2, 0, 1, 5, 8}}, {"star", 44, {2, 0, 1, 2, 2, 5, 8}}};
+        {"gas", {2, 0, 1, 8, 2, 5, 2, 2}}, {"dark", {2, 0, 1, 5, 8}}, {"star", {2, 0, 1, 2, 2, 5, 8}}};
     return kinds;
 }
 
@@ -64,7 +70,7 @@ std::optional<FileKind_cls> Tipsy(const FileStart_cls& start, const Numbers& num
         const TipsyKind& kind = TipsyKinds()[i];
         if (counts[i] < 0) return std::nullopt;
         sum += counts[i];
-        bodyByte += static_cast<uint64_t>(counts[i]) * kind.recordByte;
+        bodyByte += static_cast<uint64_t>(counts[i]) * kind.GetRecordByte();
         if (counts[i] == 0) continue;
         only = &kind;
         ++kindsThere;

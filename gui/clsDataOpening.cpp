@@ -83,6 +83,19 @@ void SetBox(PeriodicBoundary_cls& periodic, const LoadPreset_cls::Box& box) {
     SetLike("Periodic Box", periodic, wanted);
 }
 
+/// The data's own box; without one, that of the data before does not hold for these.
+void ChooseBox(PeriodicBoundary_cls& periodic, const LoadDraft_cls& draft) {
+    if (draft.mUseBox && draft.GetBox()) {
+        SetBox(periodic, *draft.GetBox());
+        periodic.NoteTold();
+    } else if (periodic.IsTold()) {
+        PeriodicBoundary_cls open;
+        open.CopyFrom(periodic);
+        open.mType.mValue = PeriodicBoundary_cls::kNone;
+        SetLike("Periodic Box", periodic, open);
+    }
+}
+
 /// False when it cannot be read, or the user does not want to wait. `rates` waits until it is interpolated
 /// too: velocities are then those that will be drawn, which may be other than the file's.
 bool WaitForFirstSnapshot(wxWindow* parent, PDataSeqCtrl_cls& sequences, bool rates) {
@@ -117,7 +130,7 @@ bool OpenDraft(wxWindow* parent, FrameContext_cls& context, const LoadDraft_cls&
     const wxBusyCursor busy;
     const UndoBlock_cls block("Open Data");
     SetLike("Loader Settings", context.dataLoader, draft.GetLoader());
-    if (draft.mUseBox && draft.GetBox()) SetBox(context.periodicBoundary, *draft.GetBox());
+    ChooseBox(context.periodicBoundary, draft);
     context.openData(path);
     if (draft.mColors == LoadDraft_cls::kColorByType) {
         ColorByType(context.seqCtrl.GetActive(), context.drawOption);

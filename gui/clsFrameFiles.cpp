@@ -12,6 +12,7 @@
 #include "data/clsSeriesFolder.h"
 #include "gui/clsDataOpening.h"
 #include "gui/clsFrameSettings.h"
+#include "render/clsGLAttribute.h"
 #include "seam/clsProjectName.h"
 #include "seam/clsUserMessage.h"
 #include "timeline/clsTimeCtrl.h"
@@ -37,7 +38,8 @@ FrameFiles_cls::FrameFiles_cls(wxFrame& frame, FrameContext_cls& context, UserSe
                 {.isModified = [this] { return IsModified(); },
                  .getState = [this] { return mChanges; },
                  .save = [&context](const wxString& path) { return context.saveRecovery(path); },
-                 .getInterval = [&context] { return context.preference.GetAutosaveInterval(); }}) {}
+                 .getInterval = [&context] { return context.preference.GetAutosaveInterval(); }}),
+      mLook(GetLook()) {}
 
 FrameFiles_cls::~FrameFiles_cls() = default;
 
@@ -95,15 +97,22 @@ void FrameFiles_cls::AskForData() {
     TakeData([this] { return OpenDataByDialog(&mFrame, mContext); });
 }
 
+wxString FrameFiles_cls::GetLook() const {
+    wxString look;
+    for (const auto& attribute : mContext.seqCtrl.GetActive().GetAttributes()) look += attribute->Serialize();
+    return look;
+}
+
 void FrameFiles_cls::TakeData(const std::function<bool()>& open) {
     // Just looking at data is nothing to be saved.
     const bool blank = mProject.empty() && !IsModified();
+    const bool suggested = GetLook() == mLook;
     mContext.timeCtrl.ProcStopPlaying();
     if (!open()) return;
     mContext.timeCtrl.SetFrameNative(0);
     mContext.timeCtrl.SetStepNative(0);
     if (blank) GCUndoList.MarkSaved();
-    mWantsLook = blank;
+    mWantsLook = blank || suggested;
     mViews.replaced();
 }
 

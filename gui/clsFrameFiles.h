@@ -49,6 +49,8 @@ class FrameFiles_cls {
     void NoteChange() { ++mChanges; }
     /// True once after data were opened that no project and no change has set up.
     bool TakeWantsLook() { return std::exchange(mWantsLook, false); }
+    /// How particles are drawn now was not chosen by the user: other data may get another look.
+    void NoteLook() { mLook = GetLook(); }
     /// The window is about to close: unsaved work is kept for the next start, or given up.
     void Finish(bool keep);
 
@@ -56,6 +58,7 @@ class FrameFiles_cls {
 
   private:
     bool SaveTo(const wxString& path);
+    wxString GetLook() const;
     /// What goes before and after opening data; `open` says whether it did.
     void TakeData(const std::function<bool()>& open);
     void Adopt(const wxString& project);
@@ -68,5 +71,6 @@ class FrameFiles_cls {
     wxString mProject;  ///< empty: no name yet
     size_t mChanges = 0;
     bool mWantsLook = false;
+    wxString mLook;
     bool mRecovered = false;  ///< what is open came from another run and is not saved anywhere
 };

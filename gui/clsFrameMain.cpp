@@ -258,6 +258,7 @@ void FrameMain_cls::SuggestFirstLook(const SnapData_cls& state) {
     for (const wxString& line :
          SuggestLook(state, mViews->GetCanvas(0).GetClientSize().y, mContext.givenSettings))
         mContext.applySetting(line);
+    mFiles.NoteLook();
     mInstant.Invalidate();
     ShowSettings(SettingsView_cls::kAll);
 }

@@ -32,6 +32,10 @@ class PeriodicBoundary_cls {
     void SetToDefault();
     /// A box with these edges along the axes, periodic in x, y and z or in x and y only.
     void SetBox(bool space, const std::array<float, 3>& length);
+    /// The box is now that of the data; it goes with them.
+    void NoteTold() { mTold = Serialize(); }
+    /// True while the box is one that data told, and nobody has changed it since.
+    bool IsTold() const { return mTold == Serialize(); }
     /// Edge k (0, 1, 2) of the box times the size, axis by axis, into three floats.
     void GetBoundaryVector(float* out, int k) const;
     Rule GetRule() const;
@@ -47,4 +51,5 @@ class PeriodicBoundary_cls {
 
   private:
     ConfItemList_cls mItems;
+    wxString mTold;
 };

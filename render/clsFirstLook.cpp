@@ -25,8 +25,8 @@ constexpr std::array<std::array<double, 3>, 4> kTypeColours = {
     {{1.0, 0.77, 0.47}, {0.43, 0.69, 1.0}, {1.0, 0.47, 0.35}, {0.59, 0.92, 0.84}}};
 
 wxString Number(double value) {
-    char text[32];
-    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 6).ptr;
+    char text[32];  // more than the shortest form of any number has
+    const auto end = std::to_chars(text, text + sizeof text, static_cast<float>(value)).ptr;
     return wxString::FromAscii(text, static_cast<size_t>(end - text));
 }
 

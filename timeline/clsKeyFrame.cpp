@@ -7,6 +7,8 @@
 #include <cmath>
 #include <optional>
 
+#include "CONFITEM/clsConfItem.h"
+
 namespace {
 
 /// "%d", "%f" and the like in the C numeric form, with the blank that ends every field.
@@ -88,6 +90,7 @@ KeyFrame_cls KeyFrame_cls::Rounded() const {
 }
 
 void KeyFrame_cls::Serialize(std::string& text) const {
+    if (ExactNumbers_cls::IsWanted()) return SerializeExact(text);
     AppendField(text, mTime, std::chars_format::fixed, 9);
     AppendField(text, static_cast<int>(mType));
     for (const double field : {mValue, mVelocity, mEaseFactor})

@@ -105,6 +105,8 @@ std::string ToAscii(const wxString& text) {
 
 }  // namespace
 
+thread_local int ExactNumbers_cls::msLiving = 0;
+
 std::string ConfInt_cls::Format(Value value) {
     return FormatNumber(value);
 }
@@ -126,6 +128,7 @@ bool ConfUInt_cls::IsValue(const std::string& text) {
 }
 
 std::string ConfFloat_cls::Format(Value value) {
+    if (ExactNumbers_cls::IsWanted()) return FormatNumber(value);
     return FormatNumber(static_cast<double>(value), std::chars_format::fixed, 6);
 }
 ConfFloat_cls::Value ConfFloat_cls::Parse(const std::string& text) {
@@ -136,6 +139,7 @@ bool ConfFloat_cls::IsValue(const std::string& text) {
 }
 
 std::string ConfDouble_cls::Format(Value value) {
+    if (ExactNumbers_cls::IsWanted()) return FormatNumber(value);
     return FormatNumber(value, std::chars_format::general, 6);
 }
 ConfDouble_cls::Value ConfDouble_cls::Parse(const std::string& text) {

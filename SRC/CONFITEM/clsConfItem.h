@@ -10,6 +10,22 @@
 /// Line format: key (with its "="), value, line feed.
 /// Threads: GUI thread only. Failure: a line without the key changes nothing; text that is no number gives 0.
 /// Numbers are written and read with "." as decimal separator whatever the process locale is.
+/// While one lives, numbers are written with all their digits instead of six: for files that only carry a
+/// state from one run of the program to another. Files of users keep their form.
+/// Threads: acts on those items that its own thread writes.
+class ExactNumbers_cls {
+  public:
+    ExactNumbers_cls() { ++msLiving; }
+    ~ExactNumbers_cls() { --msLiving; }
+    ExactNumbers_cls(const ExactNumbers_cls&) = delete;
+    ExactNumbers_cls& operator=(const ExactNumbers_cls&) = delete;
+
+    static bool IsWanted() { return msLiving > 0; }
+
+  private:
+    static thread_local int msLiving;
+};
+
 class ConfItem_cls {
   public:
     explicit ConfItem_cls(int typeCode);

@@ -41,6 +41,7 @@ TEST(FileKindTest, FilesAreRecognisedWithAllTheirSettings) {
          "0|0 1|0 1 5 6 7 8|1|0"},
         {"record cut short", DefaultSnapshot(1, 3, {particle, particle}), FileKind_cls::kUnknown, ""},
         {"Tipsy", Tipsy(0, 2), FileKind_cls::kTipsy, "0|2 2 1 2 2 2 2 2|2 0 1 5 8|0|0"},
+        {"Tipsy gas", Tipsy(2, 0), FileKind_cls::kTipsy, "0|2 2 1 2 2 2 2 2|2 0 1 8 2 5 2 2|0|0"},
         {"Tipsy of two kinds", Tipsy(1, 2), FileKind_cls::kTipsy, ""},
         {"dump", kDump, FileKind_cls::kLammpsDump, "1|2 0 2 1 2 2 2 2 2|6 7 0|0|1", "xyz 2 4 6"},
         {"sheared, scaled, timed", kTimedDump, FileKind_cls::kLammpsDump,
