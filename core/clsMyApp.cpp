@@ -17,6 +17,7 @@
 #include "gui/clsScreenRoom.h"
 #include "gui/clsViewGL.h"
 #include "output/clsImageFile.h"
+#include "seam/clsDiagnostics.h"
 #include "seam/clsResourcePath.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
@@ -53,6 +54,23 @@ class WindowApp_cls : public wxApp {
     void OnAssertFailure(const wxChar* file, int line, const wxChar*, const wxChar* condition,
                          const wxChar* message) override {
         PrintError(wxString::Format("%s:%d: %s: %s", file, line, condition, message ? message : wxS("")));
+    }
+    /// Mostly there is no memory left. What was under way is in no known state: the program ends, the unsaved
+    /// work is kept.
+    bool OnExceptionInMainLoop() override {
+        mOpened = false;
+        DoLastWork();
+        wxString why;
+        try {
+            throw;
+        } catch (const std::bad_alloc&) {
+            why = "not enough memory";
+        } catch (const std::exception& error) {
+            why = error.what();
+        }
+        UserMessage_cls::Tell(
+            "Error!", "Varnholt 3 cannot go on: " + why + ". Unsaved work is offered at the next start.");
+        return false;
     }
     int OnRun() override {
         const int status = wxApp::OnRun();
