@@ -140,11 +140,11 @@ void Batch_cls::TellLeftover(const InputFile_cls& file, const wxString& path, in
                " behind the particles are not read (a file holds one step; is the layout right?)");
 }
 
-std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {
+std::optional<FrameSelection_cls> Batch_cls::ChooseFrames() const {
     const TimeCtrl_cls& time = const_cast<Main_cls&>(mMain).GetTimeCtrl();
     const FrameRange area = time.GetSettings().GetWorkArea();
-    const FrameRange_cls frames =
-        mLine.mFrames.value_or(FrameRange_cls{.mFirst = area.first, .mLast = area.last});
+    const FrameSelection_cls frames =
+        mLine.mFrames.value_or(FrameSelection_cls{.mFirst = area.first, .mLast = area.last});
     if (frames.mLast > time.GetMaxFrame()) {
         PrintError(wxString::Format("--frames %d:%d: the scene ends at frame %d", frames.mFirst, frames.mLast,
                                     time.GetMaxFrame()));
@@ -157,15 +157,14 @@ std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {
     return frames;
 }
 
-int Batch_cls::DoFrames(const FrameRange_cls& frames,
+int Batch_cls::DoFrames(const FrameSelection_cls& frames,
                         const std::function<wxString(int frame, const wxString& name)>& work) {
     const FrameNames_cls names(mLine.mPattern, frames);
     Progress_cls progress((frames.mLast - frames.mFirst) / frames.mStep + 1, mLine.mQuiet);
     for (int frame = frames.mFirst; frame <= frames.mLast; frame += frames.mStep) {
         if (Interrupt_cls::IsRaised()) {
             progress.End();
-            PrintError("interrupted; the files written so far are whole");
-            return kInterrupted;
+            return Outcome(JobResult::Interrupted);
         }
         const wxString name = names.Of(frame);
         const wxString error = work(frame, name);
@@ -185,14 +184,8 @@ int Batch_cls::Render() {
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
     ApplyFirstLook();
-    switch (Film_cls(mMain, mSource, mLine, *frames).Run()) {
-        case Film_cls::Result::Interrupted:
-            return kInterrupted;
-        case Film_cls::Result::Failed:
-            return kFailed;
-        default:
-            return Outcome();
-    }
+    Film_cls film(mMain, mSource, mLine, *frames);
+    return Outcome(film.Run());
 }
 
 int Batch_cls::Pov() {
@@ -201,14 +194,8 @@ int Batch_cls::Pov() {
     if (!frames) return kWrongUsage;
     if (!mLine.mIsSizeGiven) mLine.mHeight = mMain.GetPovRayCtrl().GetFormat().GetSize().y;
     ApplyFirstLook();
-    switch (PovJob_cls(mMain, mSource, mLine, *frames).Run()) {
-        case PovJob_cls::Result::Interrupted:
-            return kInterrupted;
-        case PovJob_cls::Result::Failed:
-            return kFailed;
-        default:
-            return Outcome();
-    }
+    PovJob_cls job(mMain, mSource, mLine, *frames);
+    return Outcome(job.Run());
 }
 
 int Batch_cls::Export() {
@@ -270,8 +257,12 @@ wxString Batch_cls::WriteState(const wxString& name, double position) {
                               exporter);
 }
 
-int Batch_cls::Outcome() const {
-    return mSource.IsFaultless() ? kDone : kFailed;
+int Batch_cls::Outcome(JobResult result) const {
+    if (result == JobResult::Interrupted) {
+        PrintError("interrupted; the files written so far are whole");
+        return kInterrupted;
+    }
+    return result == JobResult::Done && mSource.IsFaultless() ? kDone : kFailed;
 }
 
 int Batch_cls::Save() {

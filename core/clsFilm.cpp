@@ -32,7 +32,7 @@ int SamplesOf(const TimeCtrl_cls& time) {
 }  // namespace
 
 Film_cls::Film_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-                   const FrameRange_cls& frames)
+                   const FrameSelection_cls& frames)
     : mMain(main),
       mSource(source),
       mLine(line),
@@ -71,29 +71,25 @@ void Film_cls::PlaceCamera() {
     if (const SnapData_cls* first = mSource.Prepare(0.0)) mFitted = FitPanel(*first, panel);
 }
 
-Film_cls::Result Film_cls::Run() {
-    if (!Open()) return Result::Failed;
+JobResult Film_cls::Run() {
+    if (!Open()) return JobResult::Failed;
     PlaceCamera();
-    Result result = DoSteps();
+    const JobResult result = DoSteps();
     mQueue.Collect(true);
     mProgress.End();
-    if (result == Result::Done && mFailed) return Result::Failed;
-    const wxString error = mMovie && result == Result::Done ? mMovie->Finish() : wxString();
-    if (!error.empty()) result = Interrupt_cls::IsRaised() ? Result::Interrupted : Result::Failed;
-    if (result == Result::Interrupted) {
-        mMovie.reset();
-        PrintError("interrupted; the files written so far are whole");
-    } else if (!error.empty()) {
-        PrintError(error);
-    }
-    return result;
+    if (result == JobResult::Done && mFailed) return JobResult::Failed;
+    const wxString error = mMovie && result == JobResult::Done ? mMovie->Finish() : wxString();
+    if (error.empty()) return result;
+    if (Interrupt_cls::IsRaised()) return JobResult::Interrupted;
+    PrintError(error);
+    return JobResult::Failed;
 }
 
-Film_cls::Result Film_cls::DoSteps() {
+JobResult Film_cls::DoSteps() {
     std::optional<Step_cls> step = MakeStep(mFrames.mFirst, 0);
     const SnapData_cls* state = step ? Prepare(*step) : nullptr;
     while (step && !mFailed) {
-        if (Interrupt_cls::IsRaised()) return Result::Interrupted;
+        if (Interrupt_cls::IsRaised()) return JobResult::Interrupted;
         if (step->complete) {
             SendToMovie(step->complete);
             mProgress.Step(mNames.Of(step->frame));
@@ -108,7 +104,7 @@ Film_cls::Result Film_cls::DoSteps() {
         TakePicture(*step);
         step = next;
     }
-    return mFailed ? Result::Failed : Result::Done;
+    return mFailed ? JobResult::Failed : JobResult::Done;
 }
 
 std::optional<Film_cls::Step_cls> Film_cls::MakeStep(int frame, int sample) {

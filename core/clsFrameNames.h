@@ -9,7 +9,7 @@
 /// number; a name with a number pattern is always filled in.
 class FrameNames_cls {
   public:
-    FrameNames_cls(const wxString& pattern, const FrameRange_cls& frames)
+    FrameNames_cls(const wxString& pattern, const FrameSelection_cls& frames)
         : mFiles(pattern),
           mAsItStands(frames.mFirst == frames.mLast && mFiles.GetPath() != mFiles.GetFormat()) {}
 

@@ -9,7 +9,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <new>
 
 #include "core/clsBatch.h"
@@ -19,16 +18,11 @@
 #include "gui/clsViewGL.h"
 #include "output/clsImageFile.h"
 #include "seam/clsDiagnostics.h"
+#include "seam/clsResourcePath.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
 
 namespace {
-
-wxString ProgramFolder() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? wxString(".") : FromBytes(program.parent_path().string());
-}
 
 /// The status of a job whose results could be written, else a failure.
 int FinishOutput(int status) {
@@ -50,7 +44,7 @@ class WindowApp_cls : public wxApp {
             wxDialog::SetLayoutAdapter(new DialogAdapter_cls));
         wxDialog::EnableLayoutAdaptation(true);
         CallAfter([this] {
-            mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());
+            mSession = std::make_unique<WindowSession_cls>(mLine, ResourcePath_cls::GetRunningFolder());
             mOpened = mSession->Open();
             if (!mOpened) ExitMainLoop();
         });
@@ -141,7 +135,7 @@ int MyApp::RunHeadless(const CommandLine_cls& line) {
     wxLog::SetActiveTarget(new wxLogStderr);
     ImageFile_cls::InitHandlers();
     try {
-        return Batch_cls(line, ProgramFolder()).Run();
+        return Batch_cls(line, ResourcePath_cls::GetRunningFolder()).Run();
     } catch (const std::bad_alloc&) {
         PrintError(line.mFile + ": not enough memory");
         return Batch_cls::kFailed;
