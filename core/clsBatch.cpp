@@ -30,6 +30,7 @@ Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
 }
 
 int Batch_cls::Run() {
+    Interrupt_cls::Install();
     const int prepared = Prepare();
     if (prepared != kDone) return prepared;
     switch (mLine.mAction) {
@@ -60,16 +61,19 @@ int Batch_cls::Prepare() {
                                         mProject.GetUnknownLines()));
         }
     }
-    const wxString data = IsProject() ? wxString()
-                                      : PrepareNamedData(mLine.mFile, mLine.mSettings, mMain.GetDataLoader(),
-                                                         mMain.GetPeriodicBoundary());
+    std::optional<wxString> data;
+    if (!IsProject()) {
+        data = PrepareNamedData(mLine.mFile, mLine.mSettings, mMain.GetDataLoader(),
+                                mMain.GetPeriodicBoundary());
+        if (!data) return Interrupt_cls::IsRaised() ? kInterrupted : kFailed;
+    }
     for (const wxString& setting : mLine.mSettings) {
         const wxString error = mProject.ApplySetting(setting);
         if (error.empty()) continue;
         PrintError("--set " + error);
         return kWrongUsage;
     }
-    if (!IsProject()) mMain.GetDataLoader().OpenDataFile(data);
+    if (data) mMain.GetDataLoader().OpenDataFile(*data);
     return kDone;
 }
 
@@ -104,6 +108,7 @@ int Batch_cls::Info() {
     long long particles = 0;
     PDataSequence_cls& sequence = mMain.GetSeqCtrl().GetActive();
     for (int i = 0; i < sequence.GetSeqLength(); ++i) {
+        if (Interrupt_cls::IsRaised()) return kInterrupted;
         const wxString& path = sequence.GetFilename(i);
         const auto file = InputFile_cls::Open(path);
         if (!file) {
@@ -135,11 +140,11 @@ void Batch_cls::TellLeftover(const InputFile_cls& file, const wxString& path, in
                " behind the particles are not read (a file holds one step; is the layout right?)");
 }
 
-std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {
+std::optional<FrameSelection_cls> Batch_cls::ChooseFrames() const {
     const TimeCtrl_cls& time = const_cast<Main_cls&>(mMain).GetTimeCtrl();
     const FrameRange area = time.GetSettings().GetWorkArea();
-    const FrameRange_cls frames =
-        mLine.mFrames.value_or(FrameRange_cls{.mFirst = area.first, .mLast = area.last});
+    const FrameSelection_cls frames =
+        mLine.mFrames.value_or(FrameSelection_cls{.mFirst = area.first, .mLast = area.last});
     if (frames.mLast > time.GetMaxFrame()) {
         PrintError(wxString::Format("--frames %d:%d: the scene ends at frame %d", frames.mFirst, frames.mLast,
                                     time.GetMaxFrame()));
@@ -152,16 +157,14 @@ std::optional<FrameRange_cls> Batch_cls::ChooseFrames() const {
     return frames;
 }
 
-int Batch_cls::DoFrames(const FrameRange_cls& frames,
+int Batch_cls::DoFrames(const FrameSelection_cls& frames,
                         const std::function<wxString(int frame, const wxString& name)>& work) {
     const FrameNames_cls names(mLine.mPattern, frames.mFirst == frames.mLast);
-    Interrupt_cls::Install();
     Progress_cls progress((frames.mLast - frames.mFirst) / frames.mStep + 1, mLine.mQuiet);
     for (int frame = frames.mFirst; frame <= frames.mLast; frame += frames.mStep) {
         if (Interrupt_cls::IsRaised()) {
             progress.End();
-            PrintError("interrupted; the files written so far are whole");
-            return kInterrupted;
+            return Outcome(JobResult::Interrupted);
         }
         const wxString name = names.Of(frame);
         const wxString error = work(frame, name);
@@ -181,14 +184,8 @@ int Batch_cls::Render() {
     const auto frames = ChooseFrames();
     if (!frames) return kWrongUsage;
     ApplyFirstLook();
-    switch (Film_cls(mMain, mSource, mLine, *frames).Run()) {
-        case Film_cls::Result::Interrupted:
-            return kInterrupted;
-        case Film_cls::Result::Failed:
-            return kFailed;
-        default:
-            return Outcome();
-    }
+    Film_cls film(mMain, mSource, mLine, *frames);
+    return Outcome(film.Run());
 }
 
 int Batch_cls::Pov() {
@@ -197,19 +194,18 @@ int Batch_cls::Pov() {
     if (!frames) return kWrongUsage;
     if (!mLine.mIsSizeGiven) mLine.mHeight = mMain.GetPovRayCtrl().GetFormat().GetSize().y;
     ApplyFirstLook();
-    switch (PovJob_cls(mMain, mSource, mLine, *frames).Run()) {
-        case PovJob_cls::Result::Interrupted:
-            return kInterrupted;
-        case PovJob_cls::Result::Failed:
-            return kFailed;
-        default:
-            return Outcome();
-    }
+    PovJob_cls job(mMain, mSource, mLine, *frames);
+    return Outcome(job.Run());
 }
 
 int Batch_cls::Export() {
     if (!HasData()) return kFailed;
     if (mLine.mAt) {
+        const int last = mMain.GetSeqCtrl().GetActive().GetSeqLength() - 1;
+        if (*mLine.mAt > last) {
+            PrintError(wxString::Format("--at %g: the data end at snapshot %d", *mLine.mAt, last));
+            return kWrongUsage;
+        }
         const wxString error = WriteState(mLine.mPattern, *mLine.mAt);
         if (error.empty()) return Outcome();
         PrintError(error);
@@ -261,13 +257,18 @@ wxString Batch_cls::WriteState(const wxString& name, double position) {
                               exporter);
 }
 
-int Batch_cls::Outcome() const {
-    return mSource.IsFaultless() ? kDone : kFailed;
+int Batch_cls::Outcome(JobResult result) const {
+    if (result == JobResult::Interrupted) {
+        PrintError("interrupted; the files written so far are whole");
+        return kInterrupted;
+    }
+    return result == JobResult::Done && mSource.IsFaultless() ? kDone : kFailed;
 }
 
 int Batch_cls::Save() {
     if (mMain.GetSeqCtrl().GetActive().GetSeqLength() == 0 && !IsProject()) return kFailed;
     ApplyFirstLook();
+    if (Interrupt_cls::IsRaised()) return kInterrupted;
     if (mProject.SaveProjectFile(mLine.mProject, true) == 1) return kDone;
     PrintError(mProject.GetError());
     return kFailed;

@@ -5,6 +5,7 @@
 
 #include "core/clsCommandLine.h"
 #include "core/clsFrameSource.h"
+#include "core/clsJobResult.h"
 #include "core/clsMain.h"
 #include "core/clsProjectFile.h"
 #include "seam/clsProjectName.h"
@@ -33,17 +34,17 @@ class Batch_cls {
     /// False, after a message, for a whole series whose second member is missing.
     bool IsNumberedByOne();
     /// The frames to do, checked against the scene and the pattern's number; null after a message.
-    std::optional<FrameRange_cls> ChooseFrames() const;
+    std::optional<FrameSelection_cls> ChooseFrames() const;
     /// Does one frame after the other. The work returns what went wrong, empty for nothing.
-    int DoFrames(const FrameRange_cls& frames,
+    int DoFrames(const FrameSelection_cls& frames,
                  const std::function<wxString(int frame, const wxString& name)>& work);
     /// Says once what a file holds behind its particles; no fault.
     void TellLeftover(const InputFile_cls& file, const wxString& path, int particles);
     /// True for the project or a file of the data.
     bool IsInput(const wxString& name);
     wxString WriteState(const wxString& name, double position);
-    /// The exit status of a job that went to its end.
-    int Outcome() const;
+    /// The exit status of a job; that it was interrupted is told.
+    int Outcome(JobResult result = JobResult::Done) const;
 
     CommandLine_cls mLine;
     Main_cls mMain;

@@ -3,12 +3,11 @@
 #include <getopt.h>
 
 #include "output/clsImageFile.h"
+#include "output/clsPicture.h"
 #include "seam/clsProjectName.h"
 #include "seam/clsTextCoding.h"
 
 namespace {
-
-constexpr int kMaxPictureSize = 16384;
 
 enum Option : int {
     kInfo = 1000,
@@ -71,7 +70,8 @@ std::optional<double> ParsePosition(const wxString& text) {
 
 bool ParseSize(const wxString& text, int* width, int* height) {
     return ParseNumber(text.BeforeFirst('x'), width) && ParseNumber(text.AfterFirst('x'), height) &&
-           *width > 0 && *height > 0 && *width <= kMaxPictureSize && *height <= kMaxPictureSize;
+           *width > 0 && *height > 0 && *width <= Picture_cls::kLargestSide &&
+           *height <= Picture_cls::kLargestSide;
 }
 
 /// Wrong combinations that only show once everything is read. Empty when all is well.
@@ -93,13 +93,16 @@ wxString FindConflict(const CommandLine_cls& line) {
     if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
     if ((line.mResume || !line.mMovie.empty()) && line.mAction != Action::Render)
         return "--movie and --resume go with --render";
+    // It might write over the pictures.
+    if (ImageFile_cls::IsKnownFormat(line.mMovie))
+        return "--movie " + line.mMovie + ": that is the name of a picture";
     return {};
 }
 
 }  // namespace
 
-std::optional<FrameRange_cls> FrameRange_cls::Parse(const wxString& text) {
-    FrameRange_cls range;
+std::optional<FrameSelection_cls> FrameSelection_cls::Parse(const wxString& text) {
+    FrameSelection_cls range;
     const wxString first = text.BeforeFirst(':');
     wxString last = text.AfterFirst(':');
     wxString step = last.AfterFirst(':');
@@ -136,6 +139,7 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 line.mPattern = value;
                 break;
             case kExport:
+                if (value.empty()) return fail("--export: the file's name is missing");
                 setAction(Action::Export);
                 line.mPattern = value;
                 break;
@@ -159,13 +163,13 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 line.mProject = value;
                 break;
             case kFrames:
-                line.mFrames = FrameRange_cls::Parse(value);
+                line.mFrames = FrameSelection_cls::Parse(value);
                 if (!line.mFrames) return fail("--frames " + value + ": expected A, A:B or A:B:STEP");
                 break;
             case kSize:
                 if (!ParseSize(value, &line.mWidth, &line.mHeight)) {
                     return fail(wxString::Format("--size %s: expected WIDTHxHEIGHT, each 1 to %d", value,
-                                                 kMaxPictureSize));
+                                                 Picture_cls::kLargestSide));
                 }
                 line.mIsSizeGiven = true;
                 break;

@@ -6,13 +6,13 @@
 #include <vector>
 
 /// Frames to do: first, last and step.
-struct FrameRange_cls {
+struct FrameSelection_cls {
     int mFirst = 0;
     int mLast = 0;
     int mStep = 1;
 
     /// "A", "A:B" or "A:B:STEP".
-    static std::optional<FrameRange_cls> Parse(const wxString& text);
+    static std::optional<FrameSelection_cls> Parse(const wxString& text);
 };
 
 /// What the command line asks for. Plain data; nothing is opened here.
@@ -26,7 +26,7 @@ struct CommandLine_cls {
     wxString mFolder;           ///< of --pov
     bool mRunRenderer = false;  ///< --pov: render what is written
     bool mPlay = false;         ///< in the window: play when the data are there
-    std::optional<FrameRange_cls> mFrames;
+    std::optional<FrameSelection_cls> mFrames;
     std::optional<double> mAt;  ///< --export: this data position instead of frames
     wxString mMovie;            ///< --render: also this film; empty: none
     bool mResume = false;       ///< --render: keep pictures that are complete

@@ -32,7 +32,7 @@ int SamplesOf(const TimeCtrl_cls& time) {
 }  // namespace
 
 Film_cls::Film_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-                   const FrameRange_cls& frames)
+                   const FrameSelection_cls& frames)
     : mMain(main),
       mSource(source),
       mLine(line),
@@ -57,7 +57,7 @@ bool Film_cls::Open() {
         why = wxString::Format("OpenGL has no frame buffer of %d x %d pixels", mLine.mWidth, mLine.mHeight);
     }
     if (mBuffer && !mLine.mMovie.empty())
-        mMovie = Movie_cls::Start(mLine.mMovie, mLine.mWidth, mLine.mHeight, &why);
+        mMovie = Movie_cls::Start(mLine.mMovie, mLine.mWidth, mLine.mHeight, Interrupt_cls::IsRaised, &why);
     const bool open = mBuffer && (mMovie || mLine.mMovie.empty());
     if (!open) PrintError(why);
     return open;
@@ -71,25 +71,25 @@ void Film_cls::PlaceCamera() {
     if (const SnapData_cls* first = mSource.Prepare(0.0)) mFitted = FitPanel(*first, panel);
 }
 
-Film_cls::Result Film_cls::Run() {
-    if (!Open()) return Result::Failed;
-    Interrupt_cls::Install();
+JobResult Film_cls::Run() {
+    if (!Open()) return JobResult::Failed;
     PlaceCamera();
-    const Result result = DoSteps();
+    const JobResult result = DoSteps();
     mQueue.Collect(true);
     mProgress.End();
-    if (result == Result::Interrupted) PrintError("interrupted; the files written so far are whole");
-    if (result != Result::Done || mFailed) return result == Result::Done ? Result::Failed : result;
-    const wxString error = mMovie ? mMovie->Finish() : wxString();
-    if (!error.empty()) PrintError(error);
-    return error.empty() ? Result::Done : Result::Failed;
+    if (result == JobResult::Done && mFailed) return JobResult::Failed;
+    const wxString error = mMovie && result == JobResult::Done ? mMovie->Finish() : wxString();
+    if (error.empty()) return result;
+    if (Interrupt_cls::IsRaised()) return JobResult::Interrupted;
+    PrintError(error);
+    return JobResult::Failed;
 }
 
-Film_cls::Result Film_cls::DoSteps() {
+JobResult Film_cls::DoSteps() {
     std::optional<Step_cls> step = MakeStep(mFrames.mFirst, 0);
     const SnapData_cls* state = step ? Prepare(*step) : nullptr;
     while (step && !mFailed) {
-        if (Interrupt_cls::IsRaised()) return Result::Interrupted;
+        if (Interrupt_cls::IsRaised()) return JobResult::Interrupted;
         if (step->complete) {
             SendToMovie(step->complete);
             mProgress.Step(mNames.Of(step->frame));
@@ -104,7 +104,7 @@ Film_cls::Result Film_cls::DoSteps() {
         TakePicture(*step);
         step = next;
     }
-    return mFailed ? Result::Failed : Result::Done;
+    return mFailed ? JobResult::Failed : JobResult::Done;
 }
 
 std::optional<Film_cls::Step_cls> Film_cls::MakeStep(int frame, int sample) {
@@ -165,7 +165,8 @@ void Film_cls::TakePicture(const Step_cls& step) {
 }
 
 void Film_cls::SendToMovie(const std::shared_ptr<const Picture_cls>& picture) {
-    if (!mMovie || mMovie->Push(picture)) return;
+    // On an interrupt the film is given up with the job.
+    if (!mMovie || mMovie->Push(picture) || Interrupt_cls::IsRaised()) return;
     const wxString error = mMovie->Finish();
     mMovie.reset();
     Tell(error);

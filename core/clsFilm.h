@@ -5,6 +5,7 @@
 #include <set>
 
 #include "core/clsCommandLine.h"
+#include "core/clsJobResult.h"
 #include "core/clsProgress.h"
 #include "output/clsFrameNames.h"
 #include "output/clsPictureQueue.h"
@@ -24,11 +25,10 @@ class OffscreenContext_cls;
 class Film_cls {
   public:
     Film_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-             const FrameRange_cls& frames);
+             const FrameSelection_cls& frames);
     ~Film_cls();
 
-    enum class Result { Done, Failed, Interrupted };
-    Result Run();
+    JobResult Run();
 
   private:
     /// One sample of one frame: a whole frame unless there is motion blur.
@@ -42,7 +42,7 @@ class Film_cls {
 
     bool Open();
     void PlaceCamera();
-    Result DoSteps();
+    JobResult DoSteps();
     /// Null behind the last frame.
     std::optional<Step_cls> MakeStep(int frame, int sample);
     std::optional<Step_cls> After(const Step_cls& step);
@@ -55,7 +55,7 @@ class Film_cls {
     Main_cls& mMain;
     FrameSource_cls& mSource;
     const CommandLine_cls& mLine;
-    const FrameRange_cls mFrames;
+    const FrameSelection_cls mFrames;
     const FrameNames_cls mNames;
     const int mSamples;
 

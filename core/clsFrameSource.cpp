@@ -45,6 +45,8 @@ void FrameSource_cls::TellFaults(int snapshot) {
         mAnyFault = true;
         PrintError(problem);
     }
+    const wxString note = snap.TakeNote();
+    if (!note.empty()) PrintError(note);
     if (snap.IsFileValid() || !mMissing.insert(snap.GetIndex()).second) return;
     // Series numbered in steps ("dump.0", "dump.1000") miss most of their members: not a line for each.
     wxString why;

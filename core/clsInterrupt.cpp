@@ -15,6 +15,8 @@ void OnInterrupt(int) {
 void Interrupt_cls::Install() {
     std::signal(SIGINT, OnInterrupt);
     std::signal(SIGTERM, OnInterrupt);
+    // Who starts the program under nohup wants it to outlive the terminal.
+    if (std::signal(SIGHUP, OnInterrupt) == SIG_IGN) std::signal(SIGHUP, SIG_IGN);
 }
 
 bool Interrupt_cls::IsRaised() {

@@ -9,7 +9,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <new>
 
 #include "core/clsBatch.h"
@@ -18,16 +17,12 @@
 #include "gui/clsScreenRoom.h"
 #include "gui/clsViewGL.h"
 #include "output/clsImageFile.h"
+#include "seam/clsDiagnostics.h"
+#include "seam/clsResourcePath.h"
 #include "seam/clsTextCoding.h"
 #include "seam/clsUserMessage.h"
 
 namespace {
-
-wxString ProgramFolder() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? wxString(".") : FromBytes(program.parent_path().string());
-}
 
 /// The status of a job whose results could be written, else a failure.
 int FinishOutput(int status) {
@@ -49,7 +44,7 @@ class WindowApp_cls : public wxApp {
             wxDialog::SetLayoutAdapter(new DialogAdapter_cls));
         wxDialog::EnableLayoutAdaptation(true);
         CallAfter([this] {
-            mSession = std::make_unique<WindowSession_cls>(mLine, ProgramFolder());
+            mSession = std::make_unique<WindowSession_cls>(mLine, ResourcePath_cls::GetRunningFolder());
             mOpened = mSession->Open();
             if (!mOpened) ExitMainLoop();
         });
@@ -59,6 +54,23 @@ class WindowApp_cls : public wxApp {
     void OnAssertFailure(const wxChar* file, int line, const wxChar*, const wxChar* condition,
                          const wxChar* message) override {
         PrintError(wxString::Format("%s:%d: %s: %s", file, line, condition, message ? message : wxS("")));
+    }
+    /// Mostly there is no memory left. What was under way is in no known state: the program ends, the unsaved
+    /// work is kept.
+    bool OnExceptionInMainLoop() override {
+        mOpened = false;
+        DoLastWork();
+        wxString why;
+        try {
+            throw;
+        } catch (const std::bad_alloc&) {
+            why = "not enough memory";
+        } catch (const std::exception& error) {
+            why = error.what();
+        }
+        UserMessage_cls::Tell(
+            "Error!", "Varnholt 3 cannot go on: " + why + ". Unsaved work is offered at the next start.");
+        return false;
     }
     int OnRun() override {
         const int status = wxApp::OnRun();
@@ -88,6 +100,8 @@ class WindowApp_cls : public wxApp {
 }  // namespace
 
 MyApp::MyApp() {
+    // Handed down ignored, it would hide how the programs that we start end.
+    std::signal(SIGCHLD, SIG_DFL);
     std::setlocale(LC_ALL, "");
     std::setlocale(LC_NUMERIC, "C");
     InstallFileNameConversion();
@@ -121,7 +135,7 @@ int MyApp::RunHeadless(const CommandLine_cls& line) {
     wxLog::SetActiveTarget(new wxLogStderr);
     ImageFile_cls::InitHandlers();
     try {
-        return Batch_cls(line, ProgramFolder()).Run();
+        return Batch_cls(line, ResourcePath_cls::GetRunningFolder()).Run();
     } catch (const std::bad_alloc&) {
         PrintError(line.mFile + ": not enough memory");
         return Batch_cls::kFailed;

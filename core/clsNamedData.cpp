@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/clsInterrupt.h"
 #include "data/clsFileSequence.h"
 #include "data/clsLoadDraft.h"
 #include "data/clsSeriesFolder.h"
@@ -26,12 +27,13 @@ bool IsSeriesByItself(const wxString& file) {
     return files.IsNumbered() && InputFile_cls::CanOpen(files.GetModifiedStr(1));
 }
 
-wxString MakeSeries(const LoadDraft_cls& draft) {
+std::optional<wxString> MakeSeries(const LoadDraft_cls& draft) {
     const wxString& file = draft.GetFile();
     wxString words;
     wxString first;
     if (draft.HasManySteps()) {
-        const auto result = StepSplitter_cls::Split(file, {});
+        const auto result =
+            StepSplitter_cls::Split(file, [](uint64_t, uint64_t) { return !Interrupt_cls::IsRaised(); });
         words = result.words;
         first = result.first;
     } else {
@@ -40,15 +42,15 @@ wxString MakeSeries(const LoadDraft_cls& draft) {
         if (words.empty()) first = folder.GetMember(0);
     }
     if (!words.empty()) PrintError(words);
-    if (first.empty()) return file;
+    if (first.empty()) return std::nullopt;
     PrintError(file + ": note: " + draft.DescribeSeries() + ", opened as the series " + first);
     return first;
 }
 
 }  // namespace
 
-wxString PrepareNamedData(const wxString& file, const std::vector<wxString>& settings, DataLoader_cls& loader,
-                          PeriodicBoundary_cls& periodic) {
+std::optional<wxString> PrepareNamedData(const wxString& file, const std::vector<wxString>& settings,
+                                         DataLoader_cls& loader, PeriodicBoundary_cls& periodic) {
     LoadDraft_cls draft(loader);
     draft.SetFileOnly(file);
     if (!draft.IsFileGood()) return file;

@@ -28,7 +28,10 @@ void PovExport_cls::PlaceCamera() {
 
 std::unique_ptr<PovSceneFile_cls> PovExport_cls::BeginScene(int frame, const wxString& name, bool first,
                                                             wxString* error) {
-    if (first) PlaceCamera();
+    if (first) {
+        PlaceCamera();
+        mToldFaults.clear();
+    }
     const TimeCtrl_cls& timeline = mMain.GetTimeCtrl();
     const double time = timeline.GetDoubleIndex(frame, 0);
     const PanelSettings_cls& panel = mMain.GetPanelSettings(0);
@@ -39,8 +42,9 @@ std::unique_ptr<PovSceneFile_cls> PovExport_cls::BeginScene(int frame, const wxS
                              .mState = mSource(timeline.GetRemappedIndexDouble(frame, 0)),
                              .mWidth = size.x,
                              .mHeight = size.y};
-    auto scene = PovScene_cls({mMain.GetSceneLinks(), mMain.GetPovRayCtrl(), mMain.GetCameraPath()})
-                     .Begin(view, frame, name, first, error);
+    auto scene =
+        PovScene_cls({mMain.GetSceneLinks(), mMain.GetPovRayCtrl(), mMain.GetCameraPath(), mToldFaults})
+            .Begin(view, frame, name, first, error);
     mOwnState.Release();
     return scene;
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "render/clsDisplayedState.h"
 #include "render/clsPositionAndDirection.h"
@@ -36,4 +37,5 @@ class PovExport_cls {
     DisplayedState_cls mOwnState;  ///< only while a scene is begun: the data may go later
     const StateSource mSource;
     std::optional<PositionAndDirection_cls> mFitted;
+    std::set<wxString> mToldFaults;  ///< of textures, in this series of frames
 };

@@ -20,7 +20,7 @@ constexpr int kRenderPeriodMs = 10;
 constexpr double kByteOfParticle = 600.0;
 constexpr double kByteOfRenderer = 100e6;
 
-std::vector<int> ListOf(const FrameRange_cls& range) {
+std::vector<int> ListOf(const FrameSelection_cls& range) {
     std::vector<int> frames;
     for (int frame = range.mFirst; frame <= range.mLast; frame += range.mStep) frames.push_back(frame);
     return frames;
@@ -29,7 +29,7 @@ std::vector<int> ListOf(const FrameRange_cls& range) {
 }  // namespace
 
 PovJob_cls::PovJob_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-                       const FrameRange_cls& frames)
+                       const FrameSelection_cls& frames)
     : mMain(main),
       mSource(source),
       mLine(line),
@@ -67,29 +67,27 @@ bool PovJob_cls::CanStart() {
     return error.empty();
 }
 
-PovJob_cls::Result PovJob_cls::Run() {
-    if (!CanStart()) return Result::Failed;
+JobResult PovJob_cls::Run() {
+    if (!CanStart()) return JobResult::Failed;
     if (mMain.GetLightSRCCtrl().GetVisibleNumber() == 0) PrintError("note: no light shines in the scene");
-    Interrupt_cls::Install();
-    const Result result = mLine.mRunRenderer ? Render() : Write();
+    const JobResult result = mLine.mRunRenderer ? Render() : Write();
     mProgress.End();
-    if (result == Result::Interrupted) PrintError("interrupted; the files written so far are whole");
     return result;
 }
 
-PovJob_cls::Result PovJob_cls::Write() {
+JobResult PovJob_cls::Write() {
     for (const int frame : mFrames) {
         const wxString error =
             mMain.GetPovRayCtrl().Export(frame, PovRayCtrl_cls::Series::Anim, frame == mFrames.front());
-        if (Interrupt_cls::IsRaised()) return Result::Interrupted;
+        if (Interrupt_cls::IsRaised()) return JobResult::Interrupted;
         if (!error.empty()) {
             mProgress.End();
             PrintError(error);
-            return Result::Failed;
+            return JobResult::Failed;
         }
         mProgress.Step(mMain.GetPovRayCtrl().GetFileStr(frame, PovRayCtrl_cls::Series::Anim) + ".pov");
     }
-    return Result::Done;
+    return JobResult::Done;
 }
 
 int PovJob_cls::ChooseRenderers() {
@@ -104,7 +102,7 @@ int PovJob_cls::ChooseRenderers() {
         std::max(1.0, std::min({processors, static_cast<double>(mFrames.size()), fitting})));
 }
 
-PovJob_cls::Result PovJob_cls::Render() {
+JobResult PovJob_cls::Render() {
     PovRayCtrl_cls& control = mMain.GetPovRayCtrl();
     control.StartRenderPovAnim(mFrames, ChooseRenderers());
     const auto isOver = [&control] {
@@ -114,7 +112,7 @@ PovJob_cls::Result PovJob_cls::Render() {
     PollUntil(isOver, kRenderPeriodMs);
     if (Interrupt_cls::IsRaised()) {
         control.AbortRenderPovAnim();
-        return Result::Interrupted;
+        return JobResult::Interrupted;
     }
-    return mFailed ? Result::Failed : Result::Done;
+    return mFailed ? JobResult::Failed : JobResult::Done;
 }

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/clsCommandLine.h"
+#include "core/clsJobResult.h"
 #include "core/clsPovExport.h"
 #include "core/clsProgress.h"
 
@@ -14,16 +15,15 @@ class FrameSource_cls;
 class PovJob_cls {
   public:
     PovJob_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cls& line,
-               const FrameRange_cls& frames);
+               const FrameSelection_cls& frames);
     ~PovJob_cls();
 
-    enum class Result { Done, Failed, Interrupted };
-    Result Run();
+    JobResult Run();
 
   private:
     bool CanStart();
-    Result Write();
-    Result Render();
+    JobResult Write();
+    JobResult Render();
     /// How many renderers run at a time.
     int ChooseRenderers();
 

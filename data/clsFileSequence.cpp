@@ -7,7 +7,6 @@
 namespace {
 
 constexpr int kMaxPatternDigits = 5;
-constexpr size_t kMaxStemLength = 1000;
 
 wxString Pattern(int digits) {
     return wxString::Format("%%0%dd", digits);
@@ -48,7 +47,7 @@ void FileSequence_cls::InitFormat() {
     const wxString& stem = split.mStem;
 
     size_t begin = stem.length();
-    if (stem.length() <= kMaxStemLength) {
+    if (stem.length() <= kLongestName) {
         while (begin > 0 && stem[begin - 1] >= '0' && stem[begin - 1] <= '9') --begin;
     }
     if (begin == stem.length()) {

@@ -7,6 +7,9 @@
 /// Failure: a first member that cannot be opened is told to the user and gives count 0.
 class FileSequence_cls {
   public:
+    /// In longer names, without their extension, no number is looked for.
+    static constexpr size_t kLongestName = 1000;
+
     enum class Side { Plain = 0, Left = 1, Right = 2 };
 
     FileSequence_cls() = default;

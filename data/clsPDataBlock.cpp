@@ -96,6 +96,7 @@ bool PDataBlock_cls::InterpolateData(const PDataBlock_cls& next) {
     task.dt = static_cast<float>(next.mTime - mTime);
     task.interpolationType = mInterpolateType;
     task.variableNumber = mVariableNumber;
+    task.outOfReach = &mOutOfReach;
     if (mspCPeriodicLink) task.periodic = mspCPeriodicLink->GetRule();
     return ThreadInterpolator_cls::StartInterpolating(task);
 }

@@ -92,6 +92,8 @@ class PDataBlock_cls {
 
     /// What was wrong with the file, and forgets it.
     std::vector<wxString> TakeProblems();
+    /// Particles that the next block has too far away to be found; as of the last rates.
+    int GetOutOfReach() const { return mOutOfReach.load(std::memory_order_relaxed); }
 
   private:
     void AllocateArrays(int count);
@@ -124,4 +126,5 @@ class PDataBlock_cls {
     bool mTimeKnown = true;  ///< else mTime is 0, and means nothing
     BodyReport_cls mReport;
     std::vector<wxString> mProblems;
+    std::atomic<int> mOutOfReach{0};
 };

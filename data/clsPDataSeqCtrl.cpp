@@ -1,7 +1,6 @@
 #include "data/clsPDataSeqCtrl.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 #include "seam/clsDiagnostics.h"
@@ -53,33 +52,21 @@ int PDataSeqCtrl_cls::GetAverageMemoryMB() const {
     return loaded == 0 ? -1 : mUsedMB / loaded;
 }
 
-void PDataSeqCtrl_cls::ForEachAhead(const TimeCtrl_cls& time, const std::function<bool(int)>& function) {
+void PDataSeqCtrl_cls::PrefetchNext(const TimeCtrl_cls& time) {
     const long long reach = static_cast<long long>(time.GetPrefetch()) * time.GetPlayIncrement();
     const long long direction = reach < 0 ? -1 : 1;
     for (long long k = 1; k <= std::abs(reach); ++k) {
         const long long frame = time.GetFrame() + direction * k * time.GetSettings().GetAnimStep();
-        if (frame < 0 || frame > time.GetMaxFrame() || !function(static_cast<int>(frame))) return;
-    }
-}
-
-void PDataSeqCtrl_cls::Prefetch(const TimeCtrl_cls& time) {
-    ForEachAhead(time, [&](int frame) {
-        if (!IsFrameReady(time, frame)) PrepareFrame(time, frame);
-        return true;
-    });
-}
-
-void PDataSeqCtrl_cls::PrefetchNext(const TimeCtrl_cls& time) {
-    ForEachAhead(time, [&](int frame) {
-        if (IsFrameReady(time, frame)) return true;
+        if (frame < 0 || frame > time.GetMaxFrame()) return;
+        if (IsFrameReady(time, static_cast<int>(frame))) continue;
         // What has just been released would be released again, and so on without end.
-        const int index = PlaceOf(time, frame).index;
+        const int index = PlaceOf(time, static_cast<int>(frame)).index;
         const bool fits = std::none_of(mReleased.begin(), mReleased.end(), [index](int released) {
             return released == index || released == index + 1;
         });
-        if (fits) PrepareFrame(time, frame);
-        return false;
-    });
+        if (fits) PrepareFrame(time, static_cast<int>(frame));
+        return;
+    }
 }
 
 PDataSequence_cls::Place PDataSeqCtrl_cls::PlaceOf(const TimeCtrl_cls& time, int frame) const {

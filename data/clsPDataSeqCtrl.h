@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <memory>
 
 #include "data/clsPDataSequence.h"
@@ -35,11 +34,9 @@ class PDataSeqCtrl_cls {
     /// Measures the memory and releases snapshots: all out of step, then those needed last until the limit
     /// holds or nothing is left that may go.
     void CleanUpMemory(int currentSnapshot, int step);
-    /// Starts the reading and interpolating of the frames ahead, in the direction of playback. Call it only
-    /// when no reader runs and the current instant is ready.
-    void Prefetch(const TimeCtrl_cls& time);
-    /// The same without waiting for anything: starts the next thing that can be started. Called again when
-    /// that is done, it comes to the same.
+    /// Reads and interpolates the frames ahead, in the direction of playback: starts the next thing that can
+    /// be started, and waits for nothing. Called again whenever that is done, it comes to all of them. Call
+    /// it only when no reader runs and the current instant is ready.
     void PrefetchNext(const TimeCtrl_cls& time);
 
     /// As last measured by CleanUpMemory().
@@ -60,8 +57,6 @@ class PDataSeqCtrl_cls {
     PDataSequence_cls::Place PlaceOf(const TimeCtrl_cls& time, int frame) const;
     bool IsFrameReady(const TimeCtrl_cls& time, int frame);
     void PrepareFrame(const TimeCtrl_cls& time, int frame);
-    /// The frames ahead, the nearest first, until the function says false.
-    static void ForEachAhead(const TimeCtrl_cls& time, const std::function<bool(int frame)>& function);
 
     std::array<std::unique_ptr<PDataSequence_cls>, kSequences> mSequences;
     int mActive = 0;

@@ -34,6 +34,7 @@ void PDataSnap_cls::SetFilePath(const wxString& path) {
     mFilePath = path;
     mFileState = FileState::Unchecked;
     mProblemsTold = false;
+    mNoteTold = false;
 }
 
 bool PDataSnap_cls::IsFileValid() {
@@ -142,4 +143,14 @@ std::vector<wxString> PDataSnap_cls::TakeProblems() {
     if (mProblemsTold) return {};
     mProblemsTold = !problems.empty();
     return problems;
+}
+
+wxString PDataSnap_cls::TakeNote() {
+    const int lost = mBlock->GetOutOfReach();
+    if (!IsInterpolated() || lost == 0 || std::exchange(mNoteTold, true)) return {};
+    return mFilePath +
+           wxString::Format(
+               ": %d of %d particles stand still on the way to the next file: their IDs are there, but "
+               "more than 10000 places away",
+               lost, GetParticleNumber());
 }

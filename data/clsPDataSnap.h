@@ -80,6 +80,9 @@ class PDataSnap_cls {
 
     /// What was wrong with the file, once until the path is set again.
     std::vector<wxString> TakeProblems();
+    /// What the user should know of the way to the next snapshot, though nothing is wrong with the file;
+    /// once.
+    wxString TakeNote();
 
     /// Called with the round every 100 rounds of a wait for a reader, to refresh the status text. Set once by
     /// the front end; may be empty.
@@ -97,6 +100,7 @@ class PDataSnap_cls {
     double mTime = kNoTime;
     bool mTagged = false;
     bool mProblemsTold = false;
+    bool mNoteTold = false;
     bool mReportWaits = false;  ///< what the reader found has not been looked at
     wxString mFilePath;
     FileState mFileState = FileState::Unchecked;

@@ -18,8 +18,6 @@ constexpr const char* kRootName = "/varnholt3/series";
 /// Behind the file's name: the folder holds its steps rather than links to its series.
 constexpr const char* kStepsTag = ".steps";
 constexpr size_t kNumberWidth = 5;
-/// FileSequence_cls finds no number in longer names.
-constexpr size_t kLongestPath = 1000;
 constexpr auto kStaleAge = std::chrono::hours(24 * 30);
 
 /// Dots would make the number an extension, and "%" a pattern.
@@ -120,7 +118,7 @@ wxString SeriesFolder_cls::GetMember(size_t number) const {
 }
 
 wxString SeriesFolder_cls::MakeLinks(const SeriesNames_cls& names) const {
-    if (GetMember(0).length() > kLongestPath) return mPath + ": the name is too long";
+    if (GetMember(0).length() > FileSequence_cls::kLongestName) return mPath + ": the name is too long";
     const fs::path folder = ToBytes(mPath);
     const fs::path source = fs::path(ToBytes(mFile)).parent_path();
     std::error_code failed;

@@ -16,6 +16,7 @@
 #include "data/clsLinePieces.h"
 #include "data/clsSnapshotHeader.h"
 #include "data/clsStepFinder.h"
+#include "seam/clsOutputFile.h"
 #include "seam/clsTextCoding.h"
 
 namespace {
@@ -82,7 +83,7 @@ std::optional<size_t> StepsIn(const fs::path& folder, const std::string& mark) {
     std::string text(mark.size(), '\0');
     size_t steps = 0;
     if (!stream.read(text.data(), static_cast<std::streamsize>(text.size())) || text != mark ||
-        !(stream >> steps))
+        !(stream >> steps) || stream.get() != '\n')
         return std::nullopt;
     return steps;
 }
@@ -223,7 +224,10 @@ StepSplitter_cls::Result StepSplitter_cls::Split(const wxString& path, const Pro
     if (copied.cancelled) return result;
     if (!copied.failure.empty()) return fail(copied.failure);
     if (steps.GetCount() == 0) return fail("the file holds no time steps");
-    std::ofstream(part.GetPath() / kMarkName, std::ios::binary) << mark << steps.GetCount() << "\n";
+    result.words =
+        OutputFile_cls::WriteWhole(FromBytes((part.GetPath() / kMarkName).string()),
+                                   mark + std::to_string(steps.GetCount()) + "\n", OutputFile_cls::Sync::No);
+    if (!result.words.empty()) return result;
     if (!part.Commit()) return fail(part.GetFailure());
     if (!copied.leftOut.empty())
         result.words = path + ": " + FromBytes(copied.leftOut) + "; the series ends there";

@@ -47,7 +47,7 @@ bool IsTiny(std::string_view text) {
     long long exponent = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
     if (error == std::errc::result_out_of_range) return digits.front() == '-';
-    return point - first + exponent < 0;
+    return exponent < first - point;
 }
 
 }  // namespace

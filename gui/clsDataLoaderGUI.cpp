@@ -3,7 +3,6 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
-#include <wx/dnd.h>
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/sizer.h>
@@ -14,6 +13,7 @@
 #include <algorithm>
 
 #include "data/clsSplitPath.h"
+#include "gui/clsFileDrop.h"
 #include "gui/clsFirstColors.h"
 #include "gui/clsGrammarList.h"
 #include "gui/clsPreviewGrid.h"
@@ -28,19 +28,6 @@ namespace {
 constexpr int kLoaderWidth = 1200;
 constexpr int kLoaderHeight = 740;
 constexpr int kSettingsWidth = 390;
-
-class FileDrop : public wxFileDropTarget {
-  public:
-    explicit FileDrop(DataLoaderGUI_cls& dialog) : mDialog(dialog) {}
-    bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
-        if (files.empty()) return false;
-        mDialog.SetFile(files[0]);
-        return true;
-    }
-
-  private:
-    DataLoaderGUI_cls& mDialog;
-};
 
 /// A value of the draft: nothing to undo before the data are opened.
 template <class Shown, class Stored>
@@ -74,7 +61,7 @@ DataLoaderGUI_cls::DataLoaderGUI_cls(wxWindow* parent, LoadDraft_cls& draft)
     sizer->Add(MakeButtons(), wxSizerFlags().Expand().Border(wxALL, FromDIP(Spacing::kDialog)));
     SetSizer(sizer);
     SetSize(ScreenRoom::Limit(*this, FromDIP(wxSize(kLoaderWidth, kLoaderHeight))));
-    SetDropTarget(new FileDrop(*this));
+    SetDropTarget(new FileDrop_cls([this](const wxString& file) { SetFile(file); }));
     Bind(wxEVT_BUTTON, &DataLoaderGUI_cls::TryToOpen, this, wxID_OK);
     ShowDraft();
     FocusNext();

@@ -1,7 +1,6 @@
 #include "gui/clsFrameMain.h"
 
 #include <wx/display.h>
-#include <wx/dnd.h>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
 #include <wx/splitter.h>
@@ -14,6 +13,7 @@
 #include "gui/clsDataOpening.h"
 #include "gui/clsEditorParts.h"
 #include "gui/clsFaultBar.h"
+#include "gui/clsFileDrop.h"
 #include "gui/clsFrameParts.h"
 #include "gui/clsFrameStatus.h"
 #include "gui/clsMainGLCanvas.h"
@@ -42,22 +42,6 @@ void TellViews(wxWindow& window, std::uint64_t updateBits) {
     for (wxWindow* child : window.GetChildren()) TellViews(*child, updateBits);
 }
 
-/// A file dropped on the window opens.
-class DropTarget_cls : public wxFileDropTarget {
-  public:
-    explicit DropTarget_cls(FrameMain_cls& frame) : mFrame(frame) {}
-
-    bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
-        if (files.empty()) return false;
-        // Questions may be asked: not inside the drop, which the other program waits for.
-        mFrame.CallAfter([&frame = mFrame, file = files[0]] { frame.GetFiles().Open(file); });
-        return true;
-    }
-
-  private:
-    FrameMain_cls& mFrame;
-};
-
 /// A sash's place counted from the far end, below 0, as wxSplitterWindow takes it back.
 int FromFarEnd(const wxSplitterWindow& splitter, int position) {
     const wxSize size = splitter.GetClientSize();
@@ -84,7 +68,7 @@ void KeepFarPart(wxSplitterWindow& splitter, int position) {
 }  // namespace
 
 FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
-    : wxFrame(nullptr, wxID_ANY, "Varnholt 3 v 0.80"),
+    : wxFrame(nullptr, wxID_ANY, wxString()),  // ShowTitle() gives it one
       mContext(context),
       mWatch(mClock, [this] { mStatus->PaintNow(); }),
       mSink(*this),
@@ -112,7 +96,9 @@ FrameMain_cls::FrameMain_cls(FrameContext_cls& context)
     ConnectSeriesProgress(this);
     MakeMenus();
     PlaceWindow();
-    SetDropTarget(new DropTarget_cls(*this));  // the window owns it
+    // Questions may be asked: not inside the drop, which the other program waits for.
+    SetDropTarget(
+        new FileDrop_cls([this](const wxString& file) { CallAfter([this, file] { mFiles.Open(file); }); }));
     for (const int event : {EventSink_cls::kRefreshPanels, EventSink_cls::kRedraw,
                             EventSink_cls::kRefreshStatus, EventSink_cls::kRendererReturned}) {
         Bind(wxEVT_MENU, &FrameMain_cls::OnPosted, this, event);

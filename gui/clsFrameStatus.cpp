@@ -26,7 +26,7 @@ constexpr long long kPlayingMs = 100;
 const wxSize kLineSize(110, 6);
 
 /// As the user named it: a series with other names is read through links.
-wxString NameOf(const wxString& path) {
+wxString FileNameOf(const wxString& path) {
     std::error_code isNoLink;
     const std::filesystem::path target = std::filesystem::read_symlink(ToBytes(path), isNoLink);
     return (isNoLink ? path : FromBytes(target.string())).AfterLast('/');
@@ -113,7 +113,7 @@ wxString FrameStatus_cls::Reading() const {
     if (data.GetSeqLength() == 0) return "no data: Ctrl+D opens a file, or drop one here";
     const int reading = GThreadReaderIndex.load(std::memory_order_acquire);
     if (reading >= 0 && GpCThreadReader.load(std::memory_order_acquire)) {
-        return wxString::Format("reading %s %d %%", NameOf(data.GetFilename(reading)),
+        return wxString::Format("reading %s %d %%", FileNameOf(data.GetFilename(reading)),
                                 GThreadReaderPercentage.load(std::memory_order_relaxed));
     }
     if (const auto percentage = mWatch.GetPercentage()) return wxString::Format("drawing %d %%", *percentage);
@@ -121,7 +121,7 @@ wxString FrameStatus_cls::Reading() const {
     const int shown = mContext.timeCtrl.GetRemappedIndex();
     if (data.GetFilenameStatus(shown) == PDataSnap_cls::FileState::Unreadable)
         return data.GetFilename(shown) + " cannot be read";
-    return NameOf(data.GetFilename(shown));
+    return FileNameOf(data.GetFilename(shown));
 }
 
 wxString FrameStatus_cls::Instant() const {

@@ -17,8 +17,10 @@
 #include <array>
 
 #include "data/clsFileSequence.h"
+#include "gui/clsOneDialog.h"
 #include "gui/clsWords.h"
 #include "output/clsImageFile.h"
+#include "output/clsPicture.h"
 #include "seam/clsProjectName.h"
 #include "timeline/clsTimeCtrl.h"
 
@@ -26,7 +28,6 @@ namespace {
 
 constexpr const char* kTitle = "Save Pictures or Film";
 constexpr int kTickMs = 100;
-constexpr double kLargestPicture = 16384;
 
 const std::array<wxSize, 5> kSizes = {wxSize(640, 480), wxSize(1280, 720), wxSize(1920, 1080),
                                       wxSize(2560, 1440), wxSize(3840, 2160)};
@@ -39,17 +40,13 @@ wxString Duration(long seconds) {
 }  // namespace
 
 ImgSequenceGUI_cls& ImgSequenceGUI_cls::Open(wxWindow& parent, const Links& links) {
-    ImgSequenceGUI_cls* dialog = nullptr;
-    for (wxWindow* child : parent.GetChildren())
-        if (auto* candidate = dynamic_cast<ImgSequenceGUI_cls*>(child)) dialog = candidate;
-    if (!dialog) dialog = new ImgSequenceGUI_cls(parent, links);
-    if (!dialog->IsSaving()) {
-        dialog->ShowRange();
+    auto& dialog = OneDialog::Show<ImgSequenceGUI_cls>(parent, kTitle,
+                                                       [&] { return new ImgSequenceGUI_cls(parent, links); });
+    if (!dialog.IsSaving()) {
+        dialog.ShowRange();
         links.tell({});
     }
-    dialog->Show();
-    dialog->Raise();
-    return *dialog;
+    return dialog;
 }
 
 ImgSequenceGUI_cls::ImgSequenceGUI_cls(wxWindow& parent, const Links& links)
@@ -216,8 +213,8 @@ bool ImgSequenceGUI_cls::ReadEntries() {
     read(mFirst, 0, end, mSequence.mFirst);
     read(mLast, mSequence.mFirst, end, mSequence.mLast);
     read(mStep, 1, std::max(end, 1.0), mSequence.mStep);
-    read(mWidth, 1, kLargestPicture, mSequence.mWidth);
-    read(mHeight, 1, kLargestPicture, mSequence.mHeight);
+    read(mWidth, 1, Picture_cls::kLargestSide, mSequence.mWidth);
+    read(mHeight, 1, Picture_cls::kLargestSide, mSequence.mHeight);
     mSequence.mPattern = ImageFile_cls::WithEnding(mPattern->GetValue());
     mSequence.mMovie = mFilm->GetValue() ? mMovie->GetValue() : wxString();
     mSequence.mResume = mKeep->GetValue();

@@ -5,10 +5,11 @@
 #include <wx/stattext.h>
 
 #include "gui/clsFrameContext.h"
+#include "gui/clsOneDialog.h"
 
 namespace {
 
-constexpr const char* kInformationName = "information";
+constexpr const char* kInformationTitle = "Information";
 constexpr int kInfoWidth = 560;
 constexpr int kDataHeight = 165;
 constexpr int kFrameHeight = 310;
@@ -17,8 +18,8 @@ constexpr int kInfoNameWidth = 150;
 }  // namespace
 
 InformationGUI_cls::InformationGUI_cls(wxWindow* parent, const Information_cls& information)
-    : wxDialog(parent, wxID_ANY, "Information", wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, kInformationName),
+    : wxDialog(parent, wxID_ANY, kInformationTitle, wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "information"),
       mInformation(information) {
     auto* column = new wxBoxSizer(wxVERTICAL);
     const auto add = [this, column](const wxString& heading, int height) {
@@ -61,11 +62,8 @@ void InformationGUI_cls::ShowSettings(std::uint64_t) {
 }
 
 void OpenInformation(wxWindow* parent, FrameContext_cls& context) {
-    wxWindow* dialog = wxWindow::FindWindowByName(kInformationName, parent);
-    if (!dialog) {
-        dialog = new InformationGUI_cls(
-            parent, Information_cls(context.seqCtrl, context.dataLoader, context.timeCtrl));
-    }
-    dialog->Show();
-    dialog->Raise();
+    OneDialog::Show<InformationGUI_cls>(*parent, kInformationTitle, [&] {
+        return new InformationGUI_cls(parent,
+                                      Information_cls(context.seqCtrl, context.dataLoader, context.timeCtrl));
+    });
 }

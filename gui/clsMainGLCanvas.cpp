@@ -175,6 +175,8 @@ bool MainGLCanvas_cls::DrawScene(int coarseness) {
         mNext = OffscreenBuffer_cls::Create(size.x, size.y);
     if (!mNext) return false;
     mNext->Bind();
+    const std::vector<ViewCamera_cls> others =
+        mOtherCameras ? mOtherCameras() : std::vector<ViewCamera_cls>();
     const SceneView_cls view{.mPanel = *mContext.panelSettings[mIndex],
                              .mIndex = mIndex,
                              .mCamera = mCamera.Get(),
@@ -183,7 +185,8 @@ bool MainGLCanvas_cls::DrawScene(int coarseness) {
                              .mWidth = size.x,
                              .mHeight = size.y,
                              .mAids = mCamera.IsMoving(),
-                             .mCoarseness = coarseness};
+                             .mCoarseness = coarseness,
+                             .mOtherCameras = others};
     mGL.GetPass().Draw(view);
     mNext->Finish();
     if (mMessage != mGL.GetPass().GetMessage()) {

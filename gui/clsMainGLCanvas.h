@@ -42,8 +42,11 @@ class MainGLCanvas_cls : public wxGLCanvas {
     wxSize PixelSize() const;
     /// What the picture had to say, whole lines.
     const wxString& GetMessage() const { return mMessage; }
+    ViewCamera_cls GetCamera() const { return mCamera.Get(); }
     /// Called when the message has changed.
     std::function<void()> mMessageObserver;
+    /// The cameras of the other views that are shown.
+    std::function<std::vector<ViewCamera_cls>()> mOtherCameras;
 
   private:
     void OnPaint();

@@ -114,6 +114,8 @@ void Playback_cls::TellFaults(int snapshot) {
         for (const wxString& line : mContext.seqCtrl.GetActive().GetSnap(index).TakeProblems())
             lines.push_back(line);
     }
+    const wxString note = mContext.seqCtrl.GetActive().GetSnap(snapshot).TakeNote();
+    if (!note.empty()) lines.push_back(note);
     if (!lines.empty()) mViews.tellFaults(lines);
 }
 

@@ -6,6 +6,7 @@
 
 #include "gui/clsSettingsPage.h"
 #include "gui/clsWords.h"
+#include "output/clsPicture.h"
 #include "pov/clsPovRayCtrl.h"
 
 namespace {
@@ -71,7 +72,8 @@ SettingsPage_cls* MakePovPicturePage(wxWindow* parent, PovRayCtrl_cls& control) 
         const bool refused = !*format.GetFormat().extension;
         note->SetLabel(refused ? _("POV-Ray for Linux does not write this format.") : wxString());
     });
-    const NumberLimits_cls size = {.min = 1, .max = 16384, .whole = true, .unit = _("pixels")};
+    const NumberLimits_cls size = {
+        .min = 1, .max = Picture_cls::kLargestSide, .whole = true, .unit = _("pixels")};
     page->AddNumber(_("Width"), _("Width of the picture in pixels"), size,
                     BindNumber(_("Width"), format.mCameraWidth.mValue));
     page->AddNumber(_("Height"), _("Height of the picture in pixels"), size,

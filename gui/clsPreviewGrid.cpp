@@ -13,8 +13,8 @@ namespace {
 
 constexpr int kColumnWidth = 60;
 constexpr int kRowLabelWidth = 36;
-constexpr int kLeastWidth = 400;
-constexpr int kLeastHeight = 120;
+constexpr int kLeastGridWidth = 400;
+constexpr int kLeastGridHeight = 120;
 
 void SetCount(int there, int wanted, const auto& append, const auto& remove) {
     if (wanted > there) append(wanted - there);
@@ -42,7 +42,7 @@ PreviewGrid_cls::PreviewGrid_cls(wxWindow* parent) : wxPanel(parent) {
     mGrid->SetDefaultCellAlignment(wxALIGN_RIGHT, wxALIGN_CENTRE);
     mGrid->SetRowLabelSize(FromDIP(kRowLabelWidth));
     mGrid->SetTabBehaviour(wxGrid::Tab_Leave);
-    mGrid->SetMinSize(FromDIP(wxSize(kLeastWidth, kLeastHeight)));  // beyond that it scrolls
+    mGrid->SetMinSize(FromDIP(wxSize(kLeastGridWidth, kLeastGridHeight)));  // beyond that it scrolls
 
     auto* heading = new wxBoxSizer(wxHORIZONTAL);
     heading->Add(title, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * Spacing::kRow)));

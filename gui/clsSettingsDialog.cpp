@@ -7,23 +7,18 @@
 
 #include <algorithm>
 
+#include "gui/clsOneDialog.h"
 #include "gui/clsScreenRoom.h"
 #include "gui/clsSettingsView.h"
 #include "gui/clsSpacing.h"
 #include "timeline/clsUndoManager.h"
 
 SettingsDialog_cls& SettingsDialog_cls::Open(wxWindow& parent, const wxString& title, const Make& make) {
-    SettingsDialog_cls* dialog = nullptr;
-    for (wxWindow* child : parent.GetChildren()) {
-        auto* candidate = dynamic_cast<SettingsDialog_cls*>(child);
-        if (candidate && candidate->GetTitle() == title) dialog = candidate;
-    }
-    if (!dialog) dialog = new SettingsDialog_cls(parent, title, make);
-    dialog->Show();
-    dialog->Raise();
-    if (auto* view = dynamic_cast<SettingsView_cls*>(dialog->mPage))
+    auto& dialog = OneDialog::Show<SettingsDialog_cls>(
+        parent, title, [&] { return new SettingsDialog_cls(parent, title, make); });
+    if (auto* view = dynamic_cast<SettingsView_cls*>(dialog.mPage))
         view->ShowSettings(SettingsView_cls::kAll);
-    return *dialog;
+    return dialog;
 }
 
 SettingsDialog_cls::SettingsDialog_cls(wxWindow& parent, const wxString& title, const Make& make)

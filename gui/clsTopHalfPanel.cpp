@@ -28,6 +28,13 @@ TopHalfPanel_cls::TopHalfPanel_cls(wxWindow* parent, FrameContext_cls& context, 
             Activate(i);
             event.Skip();
         });
+        mPanels[i]->GetCanvas().mOtherCameras = [this, i] {
+            std::vector<ViewCamera_cls> others;
+            for (ViewPanel_cls* panel : mPanels) {
+                if (panel != mPanels[i] && panel->IsShown()) others.push_back(panel->GetCanvas().GetCamera());
+            }
+            return others;
+        };
     }
     Bind(wxEVT_SIZE, [this](wxSizeEvent&) { Arrange(); });
     Arrange();

@@ -3,30 +3,23 @@
 #include <wx/filename.h>
 #include <wx/log.h>
 #include <wx/menu.h>
-#include <wx/stdpaths.h>
 #include <wx/toplevel.h>
 
 #include "CONFITEM/clsConfItemList.h"
+#include "seam/clsUserFolder.h"
 
 namespace {
 
-constexpr const char* kFolder = "varnholt3";
 constexpr const char* kFile = "window.conf";
 constexpr const char* kRecent = "/Recent";
 constexpr const char* kDefaults = "/Defaults/";
-
-wxString UserFolder() {
-    wxStandardPaths& paths = wxStandardPaths::Get();
-    paths.SetFileLayout(wxStandardPaths::FileLayout_XDG);
-    return paths.GetUserConfigDir() + "/" + kFolder;
-}
 
 }  // namespace
 
 UserSettings_cls::UserSettings_cls(bool kept) {
     if (!kept) return;
     const wxLogNull silent;
-    mFolder = UserFolder();
+    mFolder = UserFolder_cls::GetConfig();
     wxFileName::Mkdir(mFolder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     mConfig =
         std::make_unique<wxFileConfig>(wxEmptyString, wxEmptyString, mFolder + "/" + kFile, wxEmptyString,

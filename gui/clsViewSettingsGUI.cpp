@@ -2,6 +2,7 @@
 
 #include <wx/choice.h>
 
+#include "gui/clsViewLayout.h"
 #include "gui/clsWords.h"
 #include "render/clsPanelSettings.h"
 #include "render/clsPanelShared.h"
@@ -15,9 +16,7 @@ constexpr double kLimitAngle = 360.0;
 ViewSettingsGUI_cls::ViewSettingsGUI_cls(wxWindow* parent, const Panels& panels, PanelShared_cls& shared)
     : SettingsPage_cls(parent), mPanels(panels) {
     AddChoice(_("Layout"), _("How many view panels there are, and how they are arranged"),
-              Words({_("1 panel"), _("2 panels (vertical)"), _("2 panels (horizontal)"), _("4 panelsA"),
-                     _("4 panelsB")}),
-              BindAs<unsigned int>(_("Layout"), shared.mLayout.mValue));
+              Words(ViewLayout::Names()), BindAs<unsigned int>(_("Layout"), shared.mLayout.mValue));
     // Which panel is looked at is no setting of the project and no step of the undo list.
     AddChoice(_("Panel"), _("The view panel that the settings below belong to"),
               Words({_("Panel 1"), _("Panel 2"), _("Panel 3"), _("Panel 4")}),
@@ -47,7 +46,7 @@ void ViewSettingsGUI_cls::AddSwitch(const wxString& label, const wxString& toolt
 void ViewSettingsGUI_cls::AddProjection() {
     BeginGroup(_("Projection"));
     AddChoice(_("Geometry"), _("How the scene is projected on the picture"),
-              Words({_("Perspective"), _("Orthographic"), _("Fisheye"), _("Panoramic")}),
+              Words(PanelSettings_cls::kGeometryNames),
               BindPanel<unsigned int>(_("Geometry"), &PanelSettings_cls::mGeometry));
     SliderField_cls& angle = AddSlider(
         _("Angle"),

@@ -11,11 +11,10 @@
 
 #include "gui/clsIcons.h"
 #include "gui/clsNumberField.h"
+#include "gui/clsWords.h"
 #include "render/clsPanelSettings.h"
 
 namespace {
-
-const std::array<const char*, 4> kGeometries = {"Perspective", "Orthographic", "Fisheye", "Panoramic"};
 
 /// Whose camera a view shows; the last three are places to look from, not states.
 enum WhoseCamera : int { kPath, kOwn, kFront, kSide, kTop };
@@ -24,13 +23,6 @@ const std::array<const char*, 5> kWhose = {"Camera", "Free", "Front", "Side", "T
 constexpr int kAngleCharacters = 5;
 constexpr int kMarkHeight = 2;
 constexpr int kButtonGap = 6;
-
-template <size_t count>
-wxArrayString Texts(const std::array<const char*, count>& words) {
-    wxArrayString texts;
-    for (const char* word : words) texts.Add(word);
-    return texts;
-}
 
 }  // namespace
 
@@ -73,8 +65,8 @@ void ViewToolbar_cls::MakeRoom() {
 }
 
 void ViewToolbar_cls::AddGeometry() {
-    mGeometry = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, Texts(kGeometries), 0,
-                             wxDefaultValidator, "Geometry");
+    mGeometry = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                             Words(PanelSettings_cls::kGeometryNames), 0, wxDefaultValidator, "Geometry");
     mGeometry->SetToolTip("Geometry: how space is projected onto the view");
     mGeometry->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
         BindAs<unsigned int>("Geometry", mPanel.mGeometry.mValue)
@@ -84,7 +76,7 @@ void ViewToolbar_cls::AddGeometry() {
 }
 
 void ViewToolbar_cls::AddCameraChoice() {
-    mWhose = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, Texts(kWhose), 0,
+    mWhose = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, Words(kWhose), 0,
                           wxDefaultValidator, "Camera of View");
     mWhose->SetToolTip(
         "Camera: this view shows and moves the scene's camera, as films do.\n"
@@ -140,7 +132,7 @@ void ViewToolbar_cls::AddSwitch(const wxString& icon, const wxString& tip, ConfI
 
 void ViewToolbar_cls::ShowSettings(std::uint64_t) {
     const auto geometry = static_cast<int>(mPanel.mGeometry.mValue);
-    mGeometry->SetSelection(geometry < static_cast<int>(kGeometries.size()) ? geometry : wxNOT_FOUND);
+    mGeometry->SetSelection(geometry < static_cast<int>(mGeometry->GetCount()) ? geometry : wxNOT_FOUND);
     mWhose->SetSelection(mPanel.mDisplayMode.mValue == 0 ? kPath : kOwn);
     mAngle->RefreshFromModel();
     for (const Switch& item : mSwitches) item.button->SetValue(item.setting->mValue);

@@ -3,9 +3,6 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/thread.h>
-#include <wx/utils.h>
-
-#include <chrono>
 
 namespace {
 constexpr long long kBreathMs = 25;
@@ -19,13 +16,8 @@ WindowClock_cls::~WindowClock_cls() {
     GpCClock.store(nullptr, std::memory_order_release);
 }
 
-long long WindowClock_cls::Now() {
-    using std::chrono::duration_cast, std::chrono::milliseconds, std::chrono::steady_clock;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
 void WindowClock_cls::Sleep(int milliseconds) {
-    wxMilliSleep(static_cast<unsigned long>(milliseconds));
+    Clock_cls::Sleep(milliseconds);
     if (!wxThread::IsMain() || mDepth > 0) return;
     if (mBreath) {
         Breathe();

@@ -15,7 +15,6 @@ class WindowClock_cls : public Clock_cls {
     WindowClock_cls(const WindowClock_cls&) = delete;
     WindowClock_cls& operator=(const WindowClock_cls&) = delete;
 
-    long long Now() override;
     void Sleep(int milliseconds) override;
     void Breathe() override;
     bool IsWaiting() const { return mDepth > 0; }

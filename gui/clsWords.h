@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/arrstr.h>
+#include <wx/translation.h>
 
 #include <initializer_list>
 
@@ -8,5 +9,13 @@
 inline wxArrayString Words(std::initializer_list<wxString> words) {
     wxArrayString array;
     for (const wxString& word : words) array.Add(word);
+    return array;
+}
+
+/// The same from a table, which holds them untranslated.
+template <class Table>
+wxArrayString Words(const Table& table) {
+    wxArrayString array;
+    for (const auto& word : table) array.Add(wxGetTranslation(word));
     return array;
 }

@@ -9,10 +9,11 @@
 /// A colour curve made ready for one pass over many particles. Evaluating its keys for every particle
 /// would cost many times as much. Between two keys a channel is a cubic at most: that is one Piece. A
 /// table cuts the curve into short stretches; where a stretch is straight, as nearly all are, its entry
-/// gives the colour at once, elsewhere the piece does. Every channel stays within kTolerance of the
-/// curve's own GetColor4fScaled(). That is tested when the object is made, at all keys and between them; a
-/// curve that fails (hundreds of keys, channels far from 0..1) is evaluated directly instead.
-/// Threads: made on one thread, after the curve's PreCalcScaleFactor(); then read by any number.
+/// gives the colour at once, elsewhere the piece does. Every channel is within kTolerance of the
+/// curve's own GetColor4fScaled() at all keys and at points between them, where it is tested when the object
+/// is made, and close to that elsewhere; a curve that fails (hundreds of keys, channels far from 0..1) is
+/// evaluated directly instead. Threads: made on one thread, after the curve's PreCalcScaleFactor(); then read
+/// by any number.
 class PreparedCurve_cls {
   public:
     static constexpr double kTolerance = 1e-6;

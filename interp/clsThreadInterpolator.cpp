@@ -120,5 +120,10 @@ void ThreadInterpolator_cls::ComputeRates(const Task& task) {
         if (!workers[w]->Start()) MsgBoxExit("Can't create thread", "Error!");
     }
     workers.back()->Entry();
-    for (const auto& worker : workers) worker->Join();
+    int outOfReach = 0;
+    for (const auto& worker : workers) {
+        worker->Join();
+        outOfReach += worker->GetOutOfReach();
+    }
+    if (task.outOfReach) task.outOfReach->store(outOfReach, std::memory_order_relaxed);
 }

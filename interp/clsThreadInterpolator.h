@@ -41,6 +41,8 @@ class ThreadInterpolator_cls final : public JoinedThread_cls {
         unsigned int interpolationType = 0;
         unsigned int variableNumber = 0;
         PeriodicBoundary_cls::Rule periodic{};
+        /// Gets the number of particles whose ID is in B, but where no search looks for it. May be null.
+        std::atomic<int>* outOfReach = nullptr;
     };
 
     /// Starts a rate stage. False, and nothing done, while another is registered: the caller asks again

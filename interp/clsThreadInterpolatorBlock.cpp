@@ -204,7 +204,7 @@ void ThreadInterpolatorBlock_cls::InterpolateDataLinearSearchingIDSorted(int beg
     }
 }
 
-size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* matches) const {
+size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* matches) {
     size_t found = 0;
     if (!mIndex || !mIndex->IsUnique()) {
         for (int i = begin; i < begin + count; ++i) {
@@ -216,6 +216,7 @@ size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* mat
     std::array<int32_t, kLookUpBlock> places{};
     mIndex->FindPlaces({mArrays.mIDA + begin, static_cast<size_t>(count)}, places.data());
     const int tenth = mArrays.mCountB / kFullSearchDivisor;
+    int there = 0;
     for (int k = 0; k < count; ++k) {
         const int j = places[static_cast<size_t>(k)] - 1;
         const int distance = j - (begin + k);
@@ -223,7 +224,9 @@ size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* mat
         // To the processor this is a matter of chance: it is computed, not branched on.
         matches[found] = {begin + k, j};
         found += static_cast<size_t>((near | (j < tenth)) & (j >= 0));
+        there += j >= 0 ? 1 : 0;
     }
+    mOutOfReach += there - static_cast<int>(found);
     return found;
 }
 

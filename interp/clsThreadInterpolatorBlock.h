@@ -29,6 +29,8 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
                        unsigned int variableNumber, const PeriodicBoundary_cls::Rule& periodic,
                        const IDIndex_cls* index);
     ExitCode Entry() override;
+    /// Particles whose ID is in B, where no search looks for it.
+    int GetOutOfReach() const { return mOutOfReach; }
     /// False for settings that no kernel is made for: the particles are then left as they are.
     bool HasKernel() const { return mKernel != nullptr; }
 
@@ -82,13 +84,14 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     int FindFirst(int id, int begin, int end) const;
     int SearchID(int i) const;
     /// SearchID() for `count` particles; returns the number of those that are found.
-    size_t FindMatches(int begin, int count, Match* matches) const;
+    size_t FindMatches(int begin, int count, Match* matches);
     /// Has both particles fetched from memory ahead of time.
     static void Prefetch(const RateArrays_cls& arrays, const Match& match);
 
     RateArrays_cls mArrays;
     WorkShares_cls* mShares = nullptr;
     int mWorker = 0;
+    int mOutOfReach = 0;
     float mDt = 1.0F;
     unsigned int mVariableNumber = 0;
     PeriodicBoundary_cls::Rule mPeriodic;

@@ -28,6 +28,16 @@ wxBitmapType FormatOf(const wxString& path) {
     return wxBITMAP_TYPE_INVALID;
 }
 
+/// Decoders fill up what is missing of these formats, so their ends are looked at: JPEG has a mark there, and
+/// BMP says its size.
+bool IsWhole(const std::string& bytes, wxBitmapType format) {
+    if (format == wxBITMAP_TYPE_JPEG) return bytes.ends_with("\xff\xd9");
+    if (format != wxBITMAP_TYPE_BMP) return true;
+    uint32_t size = 0;
+    for (size_t i = 6; i-- > 2;) size = size << 8 | static_cast<uint8_t>(i < bytes.size() ? bytes[i] : 0);
+    return size == bytes.size();
+}
+
 }  // namespace
 
 void ImageFile_cls::InitHandlers() {
@@ -63,7 +73,8 @@ std::optional<Picture_cls> ImageFile_cls::Read(const wxString& path, int width, 
     const uint64_t most = 4 * static_cast<uint64_t>(width) * static_cast<uint64_t>(height) + (1U << 20);
     if (!file || file->GetSize() == 0 || file->GetSize() > most) return std::nullopt;
     std::string bytes(file->GetSize(), '\0');
-    if (file->ReadAt(0, bytes.data(), bytes.size()) != bytes.size()) return std::nullopt;
+    if (file->ReadAt(0, bytes.data(), bytes.size()) != bytes.size() || !IsWhole(bytes, FormatOf(path)))
+        return std::nullopt;
 
     const wxLogNull silent;  // a broken picture is an answer here
     wxMemoryInputStream stream(bytes.data(), bytes.size());

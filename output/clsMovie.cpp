@@ -22,6 +22,8 @@
 namespace {
 
 constexpr int kEncoderPeriodMs = 2;
+/// An encoder that is asked to end gets so long before it is forced to.
+constexpr int kGraceMs = 500;
 /// Like the pace of playback, and a rate that every player knows.
 constexpr const char* kFramesASecond = "30";
 
@@ -47,7 +49,8 @@ std::vector<std::string> Arguments(const wxString& extension, const std::string&
 
 }  // namespace
 
-std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int height, wxString* why) {
+std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int height,
+                                            std::function<bool()> isGivenUp, wxString* why) {
     // A reader that has gone is told by write(), not by a signal that ends the program.
     std::signal(SIGPIPE, SIG_IGN);
     const SplitPath_cls split(path);
@@ -81,24 +84,55 @@ std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int
                FromBytes(std::strerror(error)) + "); on Debian: apt install ffmpeg";
         return nullptr;
     }
-    return std::unique_ptr<Movie_cls>(new Movie_cls(path, temporary, process, ends[1]));
+    return std::unique_ptr<Movie_cls>(new Movie_cls(path, temporary, std::move(isGivenUp), process, ends[1]));
 }
 
-Movie_cls::Movie_cls(const wxString& path, const wxString& temporary, pid_t process, int pipe)
-    : mPath(path), mTemporary(temporary), mProcess(process), mPipe(pipe) {}
+Movie_cls::Movie_cls(const wxString& path, const wxString& temporary, std::function<bool()> isGivenUp,
+                     pid_t process, int pipe)
+    : mPath(path), mTemporary(temporary), mIsGivenUp(std::move(isGivenUp)), mProcess(process), mPipe(pipe) {}
 
 Movie_cls::~Movie_cls() {
-    if (mProcess < 0) return;
-    kill(mProcess, SIGKILL);
-    waitpid(mProcess, nullptr, 0);
+    if (mPipe < 0) return;
+    EndEncoder();
     WaitForFrame();
     close(mPipe);
     unlink(ToBytes(mTemporary).c_str());
 }
 
+bool Movie_cls::HasEncoderEnded() {
+    if (mProcess < 0) return true;
+    int status = 0;
+    const pid_t ended = waitpid(mProcess, &status, WNOHANG);
+    if (ended == 0 || (ended < 0 && errno == EINTR)) return false;
+    // Of a process that is not there any more nothing is known.
+    mStatus = ended == mProcess ? status : -1;
+    mProcess = -1;
+    return true;
+}
+
+void Movie_cls::EndEncoder() {
+    const pid_t group = mProcess;
+    if (HasEncoderEnded()) return;
+    mBroken = true;
+    kill(-group, SIGTERM);
+    const long long end = Clock_cls::Current().Now() + kGraceMs;
+    PollUntil([&] { return HasEncoderEnded() || Clock_cls::Current().Now() > end; }, kEncoderPeriodMs);
+    // What it started holds the pipe, too.
+    kill(-group, SIGKILL);
+    PollUntil([this] { return HasEncoderEnded(); }, kEncoderPeriodMs);
+}
+
+bool Movie_cls::WaitForEncoder() {
+    PollUntil([this] { return HasEncoderEnded() || mIsGivenUp(); }, kEncoderPeriodMs);
+    EndEncoder();
+    return WIFEXITED(mStatus) && WEXITSTATUS(mStatus) == 0 && !mBroken;
+}
+
 bool Movie_cls::WaitForFrame() {
     if (!mFrame) return !mBroken;
-    PollUntil(mFrame->GetFinished(), kEncoderPeriodMs);
+    const std::atomic<bool>& written = mFrame->GetFinished();
+    PollUntil([&] { return written.load(std::memory_order_acquire) || mIsGivenUp(); }, kEncoderPeriodMs);
+    if (!written.load(std::memory_order_acquire)) EndEncoder();
     mFrame->Join();
     mBroken = mBroken || mFrame->IsFailed();
     mFrame.reset();
@@ -114,11 +148,8 @@ bool Movie_cls::Push(std::shared_ptr<const Picture_cls> picture) {
 
 wxString Movie_cls::Finish() {
     WaitForFrame();
-    close(mPipe);
-    int status = 0;
-    while (waitpid(mProcess, &status, 0) < 0 && errno == EINTR) continue;
-    mProcess = -1;
-    const bool done = WIFEXITED(status) && WEXITSTATUS(status) == 0 && !mBroken;
+    close(std::exchange(mPipe, -1));
+    const bool done = WaitForEncoder();
     if (done && std::rename(ToBytes(mTemporary).c_str(), ToBytes(mPath).c_str()) == 0) return {};
     const wxString reason =
         done ? FromBytes(std::strerror(errno)) : wxString("ffmpeg failed, see its words above");

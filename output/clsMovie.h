@@ -4,6 +4,7 @@
 
 #include <wx/string.h>
 
+#include <functional>
 #include <memory>
 
 #include "output/clsPicture.h"
@@ -13,11 +14,13 @@ class ThreadWriteMovie_cls;
 /// A film file in the making: its frames go, uncompressed, to a running ffmpeg, which must be installed. The
 /// file appears under its name when it is whole; until then ffmpeg writes a hidden file beside it.
 /// One frame is on its way at a time, so ffmpeg works while the next one is drawn.
-/// Threads: GUI thread. Destroyed before Finish(), the film is given up and nothing stays of it.
+/// Threads: GUI thread. Destroyed before Finish(), or given up while ffmpeg is awaited, nothing stays of it.
 class Movie_cls {
   public:
-    /// Null, and why, when ffmpeg cannot be started.
-    static std::unique_ptr<Movie_cls> Start(const wxString& path, int width, int height, wxString* why);
+    /// Null, and why, when ffmpeg cannot be started. `isGivenUp` is asked whenever ffmpeg is awaited, which
+    /// may stand still: true ends it.
+    static std::unique_ptr<Movie_cls> Start(const wxString& path, int width, int height,
+                                            std::function<bool()> isGivenUp, wxString* why);
     ~Movie_cls();
     Movie_cls(const Movie_cls&) = delete;
     Movie_cls& operator=(const Movie_cls&) = delete;
@@ -28,12 +31,20 @@ class Movie_cls {
     wxString Finish();
 
   private:
-    Movie_cls(const wxString& path, const wxString& temporary, pid_t process, int pipe);
+    Movie_cls(const wxString& path, const wxString& temporary, std::function<bool()> isGivenUp, pid_t process,
+              int pipe);
     bool WaitForFrame();
+    /// Asks ffmpeg, and whatever it is made of, to end, and forces it to after a moment.
+    void EndEncoder();
+    /// Waits until ffmpeg has ended or is given up. True when it says that the film is whole.
+    bool WaitForEncoder();
+    bool HasEncoderEnded();
 
     wxString mPath;
     wxString mTemporary;
-    pid_t mProcess;
+    std::function<bool()> mIsGivenUp;
+    pid_t mProcess;  ///< -1 once it has ended
+    int mStatus = -1;
     int mPipe;
     bool mBroken = false;
     std::unique_ptr<ThreadWriteMovie_cls> mFrame;

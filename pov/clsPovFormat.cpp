@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-namespace {
+#include "output/clsPicture.h"
 
-constexpr int kMaxSize = 16384;
+namespace {
 
 // The third row has no type and no bit depth, and the fourth the depth of the third: projects store the row's
 // number, and option files stay as they have always been.
@@ -61,7 +61,8 @@ const PovFormat_cls::FormatRow& PovFormat_cls::GetFormat() const {
 }
 
 wxSize PovFormat_cls::GetSize() const {
-    return {std::clamp(mCameraWidth.mValue, 1, kMaxSize), std::clamp(mCameraHeight.mValue, 1, kMaxSize)};
+    return {std::clamp(mCameraWidth.mValue, 1, Picture_cls::kLargestSide),
+            std::clamp(mCameraHeight.mValue, 1, Picture_cls::kLargestSide)};
 }
 
 wxString PovFormat_cls::GetStrPovFormat(const Picture& picture) const {

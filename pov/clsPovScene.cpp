@@ -1,7 +1,7 @@
 #include "pov/clsPovScene.h"
 
 #include <wx/image.h>
-#include <wx/log.h>
+#include <wx/mstream.h>
 
 #include <algorithm>
 #include <cmath>
@@ -13,17 +13,21 @@
 #include "data/clsSplitPath.h"
 #include "pov/clsPovParticles.h"
 #include "pov/clsPovRayCtrl.h"
+#include "render/clsBillboardFile.h"
 #include "render/clsDrawOption.h"
 #include "render/clsPanelShared.h"
 #include "scene/clsCameraPath.h"
 #include "scene/clsLightSRCCtrl.h"
 #include "seam/clsResourcePath.h"
 #include "seam/clsTextCoding.h"
+#include "seam/clsUserMessage.h"
 
 namespace {
 
 constexpr const char* kTemplate = "Resource/cameratemplate.pov";
 constexpr const char* kDefaultSprite = "Texture/ParticleA.png";
+/// What OpenGL's textures usually have at most.
+constexpr int kLargestSide = 16384;
 /// What reaches all sides without any light, as OpenGL has it.
 constexpr double kAmbientOfAll = 0.2;
 /// How far away a light from a direction stands, in scene lengths: beyond all that is drawn.
@@ -155,31 +159,37 @@ PovTexture_cls::Lighting PovScene_cls::GetLighting(double time) const {
     return lighting;
 }
 
-PovTexture_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString& folder) const {
+PovTexture_cls::Sprite PovScene_cls::MakeSprite(int attribute, const wxString& folder,
+                                                wxString* error) const {
     const auto& owner = mLinks.view.data.GetActive().GetAttributes()[static_cast<size_t>(attribute)];
-    const wxString file = owner->mTexFileBillboard.GetValueText();
-    wxImage image;
-    const wxLogNull quiet;
-    image.LoadFile(ResourcePath_cls::Find(file));
-    // The view stands in with a sprite like the one that comes with the program.
-    if (!image.IsOk() || !image.HasAlpha()) image.LoadFile(ResourcePath_cls::Find(kDefaultSprite));
     PovTexture_cls::Sprite sprite;
     sprite.file = wxString::Format("Billboard%d.png", attribute);
-    if (!image.IsOk() || !image.HasAlpha()) return sprite;
+    wxString fault;
+    wxImage image = ReadBillboard(owner->mTexFileBillboard.GetValueText(), kLargestSide, &fault);
+    // No box, as the view has it: while one is open the window's timer would begin the frame once more.
+    if (!fault.empty() && mLinks.toldFaults.insert(fault).second)
+        StderrMessage_cls().Show("Warning", fault, UserMessage_cls::Buttons::Ok);
+    // The view stands in with a sprite like the one that comes with the program.
+    if (!image.IsOk()) image = ReadBillboard(kDefaultSprite, kLargestSide, error);
+    if (!image.IsOk()) return sprite;
     sprite.tint = MeanColor(image);
-    image.SaveFile(folder + sprite.file, wxBITMAP_TYPE_PNG);
+    wxMemoryOutputStream stream;
+    image.SaveFile(stream, wxBITMAP_TYPE_PNG);
+    std::string bytes(stream.GetSize(), '\0');
+    stream.CopyTo(bytes.data(), bytes.size());
+    *error = OutputFile_cls::WriteWhole(folder + sprite.file, bytes, OutputFile_cls::Sync::No);
     return sprite;
 }
 
-PovParticleText_cls::Sprites PovScene_cls::MakeSprites(const PovCloud_cls& cloud,
-                                                       const wxString& folder) const {
+PovParticleText_cls::Sprites PovScene_cls::MakeSprites(const PovCloud_cls& cloud, const wxString& folder,
+                                                       wxString* error) const {
     std::array<bool, 4> isUsed{};
     for (const PovLook_cls& look : cloud.looks) {
         if (look.kind == PovLook_cls::Kind::Billboard) isUsed.at(look.attribute) = true;
     }
     PovParticleText_cls::Sprites sprites;
     for (size_t i = 0; i < sprites.size(); ++i) {
-        if (isUsed[i]) sprites[i] = MakeSprite(static_cast<int>(i), folder);
+        if (isUsed[i] && error->empty()) sprites[i] = MakeSprite(static_cast<int>(i), folder, error);
     }
     return sprites;
 }
@@ -214,7 +224,8 @@ std::unique_ptr<PovSceneFile_cls> PovScene_cls::Begin(const SceneView_cls& view,
     PovSceneFile_cls::Content content;
     content.cloud = Gather(view, camera, space);
     content.texture = PovTexture_cls(lighting);
-    content.sprites = MakeSprites(content.cloud, SplitPath_cls(name).mDirectory);
+    content.sprites = MakeSprites(content.cloud, SplitPath_cls(name).mDirectory, error);
+    if (!error->empty()) return nullptr;
     if (control.mTweaks.mValue)
         content.tail = "#if (file_exists(\"Tweaks.inc\"))\n#include \"Tweaks.inc\"\n#end\n";
 

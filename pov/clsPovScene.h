@@ -3,6 +3,7 @@
 #include <wx/string.h>
 
 #include <memory>
+#include <set>
 
 #include "pov/clsPovSceneFile.h"
 #include "scene/clsScenePass.h"
@@ -25,6 +26,7 @@ class PovScene_cls {
         ScenePass_cls::Links view;
         const PovRayCtrl_cls& control;
         const CameraPath_cls& camera;
+        std::set<wxString>& toldFaults;  ///< of billboard textures; each is told once
     };
     static constexpr const char* kCommonName = "CommonScene.pov";
 
@@ -42,8 +44,9 @@ class PovScene_cls {
     PovTexture_cls::Lighting GetLighting(double time) const;
     /// Writes the billboard texture of an attribute into the folder of the scene: the renderer may read
     /// nothing else.
-    PovTexture_cls::Sprite MakeSprite(int attribute, const wxString& folder) const;
-    PovParticleText_cls::Sprites MakeSprites(const PovCloud_cls& cloud, const wxString& folder) const;
+    PovTexture_cls::Sprite MakeSprite(int attribute, const wxString& folder, wxString* error) const;
+    PovParticleText_cls::Sprites MakeSprites(const PovCloud_cls& cloud, const wxString& folder,
+                                             wxString* error) const;
     PovCloud_cls Gather(const SceneView_cls& view, const PovCamera_cls& camera,
                         const PovSpace_cls& space) const;
 

@@ -1,22 +1,18 @@
 #include "render/clsBillboardTexture.h"
 
 #include <wx/image.h>
-#include <wx/log.h>
 
 #include <algorithm>
 #include <cmath>
 
+#include "render/clsBillboardFile.h"
 #include "render/clsGLContext.h"
 #include "render/clsOpenGL.h"
-#include "seam/clsInputFile.h"
-#include "seam/clsResourcePath.h"
 #include "seam/clsUserMessage.h"
 
 namespace {
 
 constexpr int kSoftSide = 64;
-/// Files beyond this are not billboards, and decoding them could take all memory.
-constexpr uint64_t kLargestFile = uint64_t{64} << 20;
 
 }  // namespace
 
@@ -41,32 +37,18 @@ unsigned int BillboardTexture_cls::GetName(const wxString& file) {
 }
 
 void BillboardTexture_cls::Load() {
-    const wxString path = ResourcePath_cls::Find(mFile);
-    wxString why;
-    const auto input = InputFile_cls::Open(path, &why);
-    wxImage image;
-    if (input && input->GetSize() <= kLargestFile) {
-        const wxLogNull silence;  // told below, in one message
-        image.LoadFile(path);
-    }
     GLint largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
-    if (input && !image.IsOk()) {
-        why = "it is no picture that can be read";
-    } else if (input && (image.GetWidth() > largest || image.GetHeight() > largest)) {
-        why = "it is larger than OpenGL's textures";
-    } else if (input && !image.HasAlpha()) {
-        why = "it has no alpha channel";
-    }
-    if (why.empty()) {
+    wxString words;
+    const wxImage image = ReadBillboard(mFile, largest, &words);
+    if (image.IsOk()) {
         GenerateBufferRGBA(image);
         return;
     }
     MakeSoftSprite();
     if (mToldFile == mFile) return;
     mToldFile = mFile;
-    UserMessage_cls::Tell("Warning",
-                          wxString::Format("The billboard texture %s is not used: %s.", path, why));
+    UserMessage_cls::Tell("Warning", words);
 }
 
 void BillboardTexture_cls::GenerateBufferRGBA(const wxImage& image) {

@@ -24,9 +24,14 @@ constexpr double kCovered = 0.3;
 constexpr std::array<std::array<double, 3>, 4> kTypeColours = {
     {{1.0, 0.77, 0.47}, {0.43, 0.69, 1.0}, {1.0, 0.47, 0.35}, {0.59, 0.92, 0.84}}};
 
+/// With the digits that a project keeps, so that it looks the same when it is opened again; numbers of which
+/// those would leave little have all theirs.
 wxString Number(double value) {
-    char text[32];  // more than the shortest form of any number has
-    const auto end = std::to_chars(text, text + sizeof text, static_cast<float>(value)).ptr;
+    char text[32];
+    const bool isUsual = value > 1e-3 && value < 1e6;
+    const auto end = (isUsual ? std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 6)
+                              : std::to_chars(text, text + sizeof text, static_cast<float>(value)))
+                         .ptr;
     return wxString::FromAscii(text, static_cast<size_t>(end - text));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "CONFITEM/clsConfItemList.h"
 
 /// What one view panel shows and how it projects. Four belong to the panels of the window; owned by the
@@ -12,6 +14,10 @@ class PanelSettings_cls {
     /// Number of the canvas that is never shown.
     static constexpr unsigned int kOffscreenPanel = 4;
     enum Geometry : unsigned int { kPerspective = 0, kOrthographic = 1, kFisheye = 2, kPanoramic = 3 };
+
+    /// The names that the user chooses from, in the order of the values.
+    static constexpr std::array<const char*, 4> kGeometryNames = {"Perspective", "Orthographic", "Fisheye",
+                                                                  "Panoramic"};
 
     /// The number is part of the keys.
     explicit PanelSettings_cls(unsigned int panel) : mPanel(panel) { SetToDefault(); }

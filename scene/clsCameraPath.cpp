@@ -57,20 +57,11 @@ bool CameraPath_cls::IsUntouched() const {
            pose.mUp == untouched.mUp && pose.mAnchor == untouched.mAnchor && GetAngle(0.0) == kDefaultAngle;
 }
 
-Vector3 CameraPath_cls::GetVector(Group which, double t) const {
-    Vector3 vector{};
-    for (int i = 0; i < 3; ++i) {
-        vector[static_cast<size_t>(i)] =
-            mGroups[which]->GetParameter(i).Evaluate(t, Parameters_cls::msResolution);
-    }
-    return vector;
-}
-
 PositionAndDirection_cls CameraPath_cls::GetPose(double t) const {
-    return {.mPosition = GetVector(kPosition, t),
-            .mDirection = GetVector(kDirection, t),
-            .mUp = GetVector(kUp, t),
-            .mAnchor = GetVector(kAnchor, t)};
+    return {.mPosition = mGroups[kPosition]->GetVector(t),
+            .mDirection = mGroups[kDirection]->GetVector(t),
+            .mUp = mGroups[kUp]->GetVector(t),
+            .mAnchor = mGroups[kAnchor]->GetVector(t)};
 }
 
 double CameraPath_cls::GetAngle(double t) const {

@@ -37,7 +37,6 @@ class CameraPath_cls {
 
   private:
     bool ReadGroup(LineStream_cls& stream, const wxString& line);
-    Vector3 GetVector(Group which, double t) const;
 
     std::array<std::unique_ptr<ParamGroup_cls>, kGroupCount> mGroups;
 };

@@ -44,15 +44,6 @@ void LightSRC_cls::SetToDefault() {
     UpdateShownTracks();
 }
 
-std::array<double, 3> LightSRC_cls::GetVector(Group which, double t) const {
-    std::array<double, 3> vector{};
-    for (int i = 0; i < 3; ++i) {
-        vector[static_cast<size_t>(i)] =
-            mGroups[which]->GetParameter(i).Evaluate(t, Parameters_cls::msResolution);
-    }
-    return vector;
-}
-
 void LightSRC_cls::UpdateShownTracks() {
     const bool directed = mType.mValue == kFromDirection;
     for (size_t i = 0; i < kGroupCount; ++i) {

@@ -25,7 +25,7 @@ class LightSRC_cls {
 
     ParamGroup_cls& GetGroup(Group which) { return *mGroups[which]; }
     const ParamGroup_cls& GetGroup(Group which) const { return *mGroups[which]; }
-    std::array<double, 3> GetVector(Group which, double t) const;
+    std::array<double, 3> GetVector(Group which, double t) const { return mGroups[which]->GetVector(t); }
     /// The timeline shows the groups that have an effect.
     void UpdateShownTracks();
 

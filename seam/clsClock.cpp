@@ -7,21 +7,17 @@
 
 std::atomic<Clock_cls*> GpCClock{nullptr};
 
-namespace {
+long long Clock_cls::Now() {
+    using std::chrono::duration_cast, std::chrono::milliseconds, std::chrono::steady_clock;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
 
-class SystemClock_cls : public Clock_cls {
-  public:
-    long long Now() override {
-        using std::chrono::duration_cast, std::chrono::milliseconds, std::chrono::steady_clock;
-        return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-    }
-    void Sleep(int milliseconds) override { wxMilliSleep(static_cast<unsigned long>(milliseconds)); }
-};
-
-}  // namespace
+void Clock_cls::Sleep(int milliseconds) {
+    wxMilliSleep(static_cast<unsigned long>(milliseconds));
+}
 
 Clock_cls& Clock_cls::Current() {
-    static SystemClock_cls system;
+    static Clock_cls system;
     Clock_cls* other = GpCClock.load(std::memory_order_acquire);
     return other ? *other : system;
 }

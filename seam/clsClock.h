@@ -3,14 +3,15 @@
 #include <atomic>
 #include <functional>
 
-/// The clock and the sleep that pacing and polling use; tests put their own in place.
+/// The clock and the sleep that pacing and polling use: the system's. The window and tests put one of their
+/// own in place.
 /// Threads: any. Units: milliseconds.
 class Clock_cls {
   public:
     virtual ~Clock_cls() = default;
     /// Milliseconds since some fixed instant, never going back.
-    virtual long long Now() = 0;
-    virtual void Sleep(int milliseconds) = 0;
+    virtual long long Now();
+    virtual void Sleep(int milliseconds);
     /// Called by long work between its blocks. The front end lives meanwhile.
     virtual void Breathe() {}
 

@@ -4,11 +4,15 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
 #include <utility>
 
 namespace {
 std::atomic<bool> diagnosticsOn{true};
 std::function<void()> lastWork;
+/// Held while the work is done: another thread may not end the program meanwhile. Recursive, for the work may
+/// itself meet what ends the program.
+std::recursive_mutex lastWorkLock;
 }  // namespace
 
 void PrintDiagnostic(const char* format, ...) {
@@ -30,9 +34,11 @@ void HardStop(const char* words) {
 }
 
 void SetLastWork(std::function<void()> work) {
+    const std::lock_guard lock(lastWorkLock);
     lastWork = std::move(work);
 }
 
 void DoLastWork() {
+    const std::lock_guard lock(lastWorkLock);
     if (const auto work = std::exchange(lastWork, {})) work();
 }

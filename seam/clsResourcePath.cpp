@@ -8,18 +8,18 @@
 
 namespace {
 
-wxString RunningFolder() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? wxString(".") : FromBytes(program.parent_path().string());
-}
-
 wxString& ProgramFolder() {
-    static wxString folder = RunningFolder();
+    static wxString folder = ResourcePath_cls::GetRunningFolder();
     return folder;
 }
 
 }  // namespace
+
+wxString ResourcePath_cls::GetRunningFolder() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? wxString(".") : FromBytes(program.parent_path().string());
+}
 
 wxString ResourcePath_cls::Find(const wxString& name) {
     if (name.StartsWith("/")) return name;

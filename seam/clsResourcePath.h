@@ -10,6 +10,8 @@ class ResourcePath_cls {
     /// The path of a resource by its name, such as "GL/Phong.vert". A name that is no resource is taken as a
     /// path as it stands.
     static wxString Find(const wxString& name);
+    /// The folder of the running executable.
+    static wxString GetRunningFolder();
     /// The folder of the program instead of that of the running executable.
     static void SetProgramFolder(const wxString& folder);
 };

@@ -78,6 +78,13 @@ void ParamGroup_cls::ReplaceID(const wxString& oldID, const wxString& newID) {
 
 // Evaluation
 
+std::array<double, 3> ParamGroup_cls::GetVector(double t) const {
+    std::array<double, 3> vector{};
+    for (int i = 0; i < 3; ++i)
+        vector[static_cast<size_t>(i)] = GetParameter(i).Evaluate(t, Parameters_cls::msResolution);
+    return vector;
+}
+
 std::vector<double> ParamGroup_cls::GetInterpolatedValue(double t, double resolution) {
     std::vector<double> values;
     values.reserve(mParameters.size());

@@ -2,6 +2,7 @@
 
 #include <wx/string.h>
 
+#include <array>
 #include <deque>
 #include <memory>
 #include <vector>
@@ -52,6 +53,9 @@ class ParamGroup_cls {
     void ReplaceID(const wxString& oldID, const wxString& newID);
 
     // Evaluation
+
+    /// The first three values at t, at the display resolution; not stored.
+    std::array<double, 3> GetVector(double t) const;
 
     /// The values at t; with t = -1.0 each current value as last evaluated, without evaluating again.
     std::vector<double> GetInterpolatedValue(double t = Parameters_cls::kCurrentTime,

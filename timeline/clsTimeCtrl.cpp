@@ -15,7 +15,7 @@ constexpr int kLargeMove = 10;
 constexpr const char* kRemapMarker = "---TimeRemap";
 
 /// Truncated, and kept inside what an int holds; 0 for no number.
-int ToInt(double value) {
+int Truncated(double value) {
     constexpr double kLargest = std::numeric_limits<int>::max();
     return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -kLargest, kLargest));
 }
@@ -73,7 +73,7 @@ double TimeCtrl_cls::GetDoubleIndex(int frame, int step) const {
 
 int TimeCtrl_cls::GetIndexFromDouble(double d) const {
     const int maxFrame = GetMaxFrame();
-    return maxFrame == 0 ? 0 : ToInt(maxFrame * d + 0.1);
+    return maxFrame == 0 ? 0 : Truncated(maxFrame * d + 0.1);
 }
 
 double TimeCtrl_cls::GetRemappedIndexDouble(int frame, int step) const {
@@ -92,7 +92,7 @@ double TimeCtrl_cls::GetRemappedIndexDouble(int frame, int step) const {
 }
 
 int TimeCtrl_cls::GetRemappedIndex(int frame) const {
-    return ToInt(GetRemappedIndexDouble(frame, frame == kCurrent ? kCurrent : 0));
+    return Truncated(GetRemappedIndexDouble(frame, frame == kCurrent ? kCurrent : 0));
 }
 
 double TimeCtrl_cls::GetRemappedInterpStepDouble(int frame, int step) const {

@@ -25,6 +25,21 @@ TEST(ConfItemTest, NumbersAreWrittenInTheirFormats) {
     EXPECT_EQ(ConfItemINT_cls().Serialize(), "NONE0\n");
 }
 
+TEST(ConfItemTest, BetweenTwoRunsNumbersKeepAllTheirDigits) {
+    const auto survives = [](auto item, const wxString& value, auto number) {
+        item.ReadStrLine("k=" + value);
+        const ExactNumbers_cls exact;
+        auto copy = item;
+        copy.ReadStrLine("k=1");
+        copy.ReadStrLine(item.Serialize());
+        return item.mValue == number && copy.mValue == number;
+    };
+    EXPECT_TRUE(survives(ConfItemFLOAT_cls("k=", "0"), "1.23456789e-24", 1.23456789e-24F));
+    EXPECT_TRUE(survives(ConfItemFLOAT_cls("k=", "0"), "3e38", 3e38F));
+    EXPECT_TRUE(survives(ConfItemDOUBLE_cls("k=", "0"), "1234567.875", 1234567.875));
+    EXPECT_EQ(ConfItemFLOAT_cls("k=", "0.5").Serialize(), "k=0.500000\n") << "only while it is wanted";
+}
+
 TEST(ConfItemTest, ALineThatIsNotCleanIsReadAsFarAsItGoes) {
     ConfItemINT_cls count("Count=", "3");
     EXPECT_EQ(Reread(count, "Count=12abc"), "Count=12\n");

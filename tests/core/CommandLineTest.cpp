@@ -22,7 +22,7 @@ TEST(CommandLineTest, FrameRanges) {
           Case{"", false, 0, 0, 0}, Case{"-1:3", false, 0, 0, 0}, Case{"5:3", false, 0, 0, 0},
           Case{"1:2:0", false, 0, 0, 0}, Case{"1:2:3:4", false, 0, 0, 0}, Case{"1:", false, 0, 0, 0},
           Case{"99999999999", false, 0, 0, 0}}) {
-        const auto range = FrameRange_cls::Parse(c.text);
+        const auto range = FrameSelection_cls::Parse(c.text);
         ASSERT_EQ(range.has_value(), c.good) << c.text;
         if (!range) continue;
         EXPECT_EQ(range->mFirst, c.first) << c.text;

@@ -198,4 +198,19 @@ TEST_F(MainTest, ExportedFilesAreReadBackWithTheSameLayout) {
     }
 }
 
+TEST_F(MainTest, AnExportNeverReplacesWhatItReads) {
+    const std::string whole = DefaultSnapshot(2.5F, 1, {SampleParticle_cls{}});
+    for (const char* name : {"s0000.dat", "s0001.dat"}) mFolder.Write(name, whole);
+    const std::vector<std::vector<std::string>> jobs = {
+        {"--export", "s%04d.dat", "--frames", "1", "s0000.dat"},
+        {"--export", "s0001.dat", "--at", "0", "s0000.dat"}};
+    for (std::vector<std::string> job : jobs) {
+        job.insert(job.begin(), "--no-config");
+        const ProgramRun_cls run = RunProgram(job, mFolder.Path());
+        EXPECT_EQ(run.status, 1) << job[2];
+        EXPECT_NE(run.err.find("s0001.dat is read here"), std::string::npos) << run.err;
+        EXPECT_TRUE(ReadWholeFile(mFolder.File("s0001.dat")) == whole) << job[2];
+    }
+}
+
 }  // namespace

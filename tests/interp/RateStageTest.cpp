@@ -260,6 +260,25 @@ const std::vector<Arrangement> kArrangements = {
 
 INSTANTIATE_TEST_SUITE_P(RateStageTest, MatchingTest, testing::ValuesIn(kArrangements));
 
+TEST(RateStageTest, ParticlesOutOfReachAreCounted) {
+    Random random(7);
+    Snapshot a(30000, random);
+    Snapshot b(30000, random);
+    std::rotate(b.id.begin(), b.id.begin() + 15000,
+                b.id.end());  // the first half is now behind, out of reach
+    b.id[29999] = -1;         // missing is not out of reach
+    auto task = MakeTask(a, b);
+    std::atomic<int> outOfReach{-1};
+    task.outOfReach = &outOfReach;
+    task.variableNumber = DataLoader_cls::kVariable;
+    ThreadInterpolator_cls::ComputeRates(task);
+    // Of the second half, now in front, only the first 3000 are found.
+    EXPECT_EQ(outOfReach, 14999 + 12000);
+    a.id = b.id;
+    ThreadInterpolator_cls::ComputeRates(task);
+    EXPECT_EQ(outOfReach, 0);
+}
+
 TEST(RateStageTest, LargeTablesAreFilledByTwoThreads) {
     Random random(9);
     Snapshot a(2100000, random);
