@@ -237,6 +237,8 @@ void ImgSequenceGUI_cls::SaveAll() {
         ShowStatus(mLinks.program + ": the program could not be started");
         return;
     }
+    // Save is about to be disabled, and after a question the keyboard would come back to it.
+    mPattern->SetFocus();
     mWatch.Start();
     mWasRunning = true;
     mTimer.Start(kTickMs);
