@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
-#include <wx/dialog.h>
+#include <wx/msgdlg.h>
 
 #include "scene/clsCameraPath.h"
+#include "seam/clsUserMessage.h"
 #include "support/gui/OpenWindow.h"
 
 namespace {
@@ -10,22 +11,26 @@ TEST(ModalDialogsGuiTest, ClosingEndsTheDialogsBeforeTheWindow) {
     const auto isDialogOpen = [] {
         for (wxWindow* top : wxTopLevelWindows) {
             auto* dialog = dynamic_cast<wxDialog*>(top);
-            if (dialog && dialog->IsModal()) return true;
+            const bool isBox = dynamic_cast<wxMessageDialog*>(top) && top->GetHandle();
+            if (isBox || (dialog && dialog->IsModal())) return true;
         }
         return false;
     };
-    for (const bool ofKeys : {false, true}) {
+    enum Kind { OfData, OfKeys, Box };
+    for (const Kind kind : {OfData, OfKeys, Box}) {
         OpenWindow_cls window;
         User_cls user;
-        if (ofKeys) {
+        if (kind == Box) {
+            wxTheApp->CallAfter([] { UserMessage_cls::Tell("Warning", "nobody answers"); });
+        } else if (kind == OfKeys) {
             wxTheApp->CallAfter(
                 [&] { window.Main().GetCameraPath().GetGroup(CameraPath_cls::kPosition).CreateKeyDLG(); });
         } else {
             user.Press("ctrl+d");
         }
-        ASSERT_TRUE(WaitFor(isDialogOpen)) << ofKeys;
-        OnGui([&] { window.Frame()->Close(); });
-        EXPECT_TRUE(WaitFor([&] { return !window.Frame(); })) << ofKeys;
+        ASSERT_TRUE(WaitFor(isDialogOpen)) << kind;
+        OnGui([&] { window.Frame()->End(); });
+        EXPECT_TRUE(WaitFor([&] { return !window.Frame(); })) << kind;
     }
 }
 
