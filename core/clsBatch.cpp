@@ -159,7 +159,7 @@ std::optional<FrameSelection_cls> Batch_cls::ChooseFrames() const {
 
 int Batch_cls::DoFrames(const FrameSelection_cls& frames,
                         const std::function<wxString(int frame, const wxString& name)>& work) {
-    const FrameNames_cls names(mLine.mPattern, frames);
+    const FrameNames_cls names(mLine.mPattern, frames.mFirst == frames.mLast);
     Progress_cls progress((frames.mLast - frames.mFirst) / frames.mStep + 1, mLine.mQuiet);
     for (int frame = frames.mFirst; frame <= frames.mLast; frame += frames.mStep) {
         if (Interrupt_cls::IsRaised()) {

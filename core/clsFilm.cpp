@@ -37,7 +37,7 @@ Film_cls::Film_cls(Main_cls& main, FrameSource_cls& source, const CommandLine_cl
       mSource(source),
       mLine(line),
       mFrames(frames),
-      mNames(line.mPattern, frames),
+      mNames(line.mPattern, frames.mFirst == frames.mLast),
       mSamples(SamplesOf(main.GetTimeCtrl())),
       mScene(main.GetSceneLinks()),
       mProgress((frames.mLast - frames.mFirst) / frames.mStep + 1, line.mQuiet),

@@ -4,9 +4,10 @@
 #include <optional>
 #include <set>
 
-#include "core/clsFrameNames.h"
+#include "core/clsCommandLine.h"
 #include "core/clsJobResult.h"
 #include "core/clsProgress.h"
+#include "output/clsFrameNames.h"
 #include "output/clsPictureQueue.h"
 #include "output/clsSampleAverage.h"
 #include "scene/clsScenePass.h"

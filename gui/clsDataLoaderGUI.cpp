@@ -4,6 +4,7 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/filedlg.h>
+#include <wx/filename.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -63,13 +64,24 @@ DataLoaderGUI_cls::DataLoaderGUI_cls(wxWindow* parent, LoadDraft_cls& draft)
     SetDropTarget(new FileDrop_cls([this](const wxString& file) { SetFile(file); }));
     Bind(wxEVT_BUTTON, &DataLoaderGUI_cls::TryToOpen, this, wxID_OK);
     ShowDraft();
+    FocusNext();
 }
 
 wxSizer* DataLoaderGUI_cls::MakeFileRows() {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    mFile = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxTE_READONLY,
+    mFile = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER,
                            wxDefaultValidator, "File");
-    mFile->SetToolTip(_("The first file of the series. Files may also be dropped on this window."));
+    mFile->SetToolTip(
+        _("The first file of the series: type or paste its path. Files may also be dropped on this window."));
+    mFile->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { mOpen->Enable(wxFileExists(GetTypedFile())); });
+    mFile->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) {
+        TakeTypedFile();
+        if (mDraft.IsFileGood()) FocusNext();
+    });
+    mFile->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+        TakeTypedFile();
+        event.Skip();
+    });
     mChoose = new wxButton(this, wxID_OPEN, _("Choose &File..."));
     mChoose->SetToolTip(_("Looks for the first file of the series"));
     mChoose->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ChooseFile(); });
@@ -108,7 +120,8 @@ wxSizer* DataLoaderGUI_cls::MakeLayoutChoices() {
     mPreset = addChoice(_("Preset"),
                         _("Settings for a kind of file: layout, interpolation and particle number"), 1);
     mPreset->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
-        mDraft.ApplyPreset(static_cast<size_t>(event.GetSelection()));
+        const auto chosen = static_cast<size_t>(event.GetSelection());
+        if (chosen < mDraft.GetPresets().size()) mDraft.ApplyPreset(chosen);
         ShowLayout();
     });
     mDataType = addChoice(_("Data Type"), _("Binary files are read in the byte order of this machine"), 0);
@@ -146,7 +159,11 @@ SettingsPage_cls* DataLoaderGUI_cls::MakeSettings() {
         _("How particles move between two snapshots: by the difference of their positions, by the "
           "velocities in the files, or not at all"),
         Words({_("Linear"), _("Hermite"), _("No Interpolate")}),
-        BindDraft<unsigned int>(loader.mInterpolateType.mValue));
+        {[&loader] { return loader.mInterpolateType.mValue; },
+         [this, &loader](const unsigned int& type) {
+             loader.mInterpolateType.mValue = type;
+             ShowLayout();
+         }});
     page->AddChoice(
         _("Particle Number"),
         _("How a particle is found in the next snapshot: by its place in the file, by its ID where the "
@@ -214,6 +231,26 @@ void DataLoaderGUI_cls::ChooseFile() {
 void DataLoaderGUI_cls::SetFile(const wxString& path) {
     mDraft.SetFile(path);
     ShowDraft();
+    FocusNext();
+}
+
+wxString DataLoaderGUI_cls::GetTypedFile() const {
+    const wxString typed = mFile->GetValue().Strip(wxString::both);
+    if (typed.empty()) return {};
+    wxFileName name(typed);
+    name.Normalize(wxPATH_NORM_TILDE | wxPATH_NORM_ABSOLUTE);
+    return name.GetFullPath();
+}
+
+void DataLoaderGUI_cls::TakeTypedFile() {
+    if (!mFile->IsModified()) return;
+    mFile->DiscardEdits();
+    mDraft.SetFile(GetTypedFile());
+    ShowDraft();
+}
+
+void DataLoaderGUI_cls::FocusNext() {
+    (mDraft.IsFileGood() ? mOpen : mChoose)->SetFocus();
 }
 
 void DataLoaderGUI_cls::ShowWords(wxStaticText& text, const wxString& words) {
@@ -228,14 +265,14 @@ void DataLoaderGUI_cls::ShowDraft() {
     // A series that is not opened as it stands is described by its switch.
     if (mDraft.IsFileGood() && !mDraft.CanBeSeries() && mDraft.GetSeries().mNames.size() > 1)
         words += "; " + mDraft.DescribeSeries();
+    const bool wrong = !mDraft.GetFile().empty() && !mDraft.IsFileGood();
+    mWords->SetForegroundColour(wrong ? PreviewGrid_cls::Red() : wxColour());
     ShowWords(*mWords, words);
     mAsSeries->Show(mDraft.IsFileGood() && mDraft.CanBeSeries());
     mAsSeries->SetValue(mDraft.IsAsSeries());
     mAsSeries->SetLabelText((mDraft.HasManySteps() ? _("Split into a series: ") : _("Open as a series: ")) +
                             (mDraft.IsFileGood() ? mDraft.DescribeSeries() : wxString()));
     mOpen->Enable(mDraft.IsFileGood());
-    // A window without focus takes no keys.
-    (mDraft.IsFileGood() ? mOpen : mChoose)->SetFocus();
     ShowLayout();
 }
 
@@ -246,6 +283,10 @@ void DataLoaderGUI_cls::ShowLayout() {
     for (const LoadPreset_cls& preset : mDraft.GetPresets()) {
         if (chosen == wxNOT_FOUND && preset.IsLayoutOf(loader)) chosen = static_cast<int>(names.size());
         names.Add(preset.mName);
+    }
+    if (chosen == wxNOT_FOUND) {
+        chosen = static_cast<int>(names.size());
+        names.Add(_("Own layout"));
     }
     mPreset->Set(names);
     mPreset->SetSelection(chosen);
@@ -259,7 +300,11 @@ void DataLoaderGUI_cls::ShowLayout() {
         wxString::Format(_("By %s, from Min to Max"), ColorCurve_cls::GetDependName(FirstValue(loader))));
     mSettings->RefreshFromModel();
     mBox->Enable(mDraft.GetBox().has_value());
-    mPreview->Show(mDraft.GetPreview());
+    const bool still = loader.mInterpolateType.mValue == DataLoader_cls::kHermite &&
+                       std::find(body.begin(), body.end(), GrammerBase_cls::kVelocity) == body.end();
+    mPreview->Show(mDraft.GetPreview(), still ? _("No velocities in the layout: with Hermite, particles "
+                                                  "stand still between snapshots")
+                                              : wxString());
     Layout();
 }
 
@@ -269,6 +314,7 @@ void DataLoaderGUI_cls::LayoutChanged() {
 }
 
 void DataLoaderGUI_cls::TryToOpen(wxCommandEvent& event) {
+    TakeTypedFile();
     if (!mDraft.IsFileGood() || !mDraft.GetLoader().CheckGrammer()) return;
     event.Skip();
 }

@@ -37,6 +37,11 @@ class DataLoaderGUI_cls : public wxDialog {
     wxSizer* MakeButtons();
 
     void ChooseFile();
+    /// The path that was typed or pasted, if one was.
+    void TakeTypedFile();
+    wxString GetTypedFile() const;
+    /// A window without focus takes no keys.
+    void FocusNext();
     /// Shows the whole draft, or only what follows from the layout.
     void ShowDraft();
     void ShowLayout();

@@ -48,7 +48,7 @@ wxString MakeDemo(wxWindow* parent) {
     wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     if (child.Start(ResourcePath_cls::Find("examples/makegalaxies"), {"--particles", kParticles, folder})) {
         if (!WaitFor(child, parent)) return {};
-        if (child.GetStatus() == 0 && wxCopyFile(ResourcePath_cls::Find("examples/galaxies.vhp"), project))
+        if (child.IsDone() && wxCopyFile(ResourcePath_cls::Find("examples/galaxies.vhp"), project))
             return project;
     }
     UserMessage_cls::Tell(_("Warning"), folder + ": the demo could not be made.\n" + child.GetMessages());

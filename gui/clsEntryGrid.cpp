@@ -53,6 +53,8 @@ void EntryGrid_cls::Mark(Entry& entry, const NumberLimits_cls& limits, bool wron
     limits.ShowMark(*entry.text, *entry.mark, wrong);
     entry.mark->Show(wrong);
     mDialog.GetSizer()->SetSizeHints(&mDialog);
+    // A dialog that is wide enough already keeps its size, and nothing else would place the mark.
+    mDialog.Layout();
 }
 
 std::optional<double> EntryGrid_cls::Read(Entry& entry, const NumberLimits_cls& limits) {

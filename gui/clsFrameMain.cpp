@@ -182,7 +182,8 @@ void FrameMain_cls::ShowAndWait() {
 void FrameMain_cls::PlaceWindow() {
     SetMinSize(FromDIP(wxSize(640, 400)));
     const auto last = mUser.GetWindow();
-    const bool seen = last && wxDisplay::GetFromPoint(last->place.GetPosition()) != wxNOT_FOUND;
+    const bool seen =
+        last && !last->place.IsEmpty() && wxDisplay::GetFromPoint(last->place.GetPosition()) != wxNOT_FOUND;
     if (!seen) {
         const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
         const wxSize wanted = FromDIP(kFirstSize);
@@ -192,8 +193,8 @@ void FrameMain_cls::PlaceWindow() {
     } else {
         Move(last->place.GetPosition());
         SetClientSize(last->place.GetSize());
-        if (last->maximized) Maximize();
     }
+    if (last && last->maximized) Maximize();
     const int sash = last && last->sash < 0 ? last->sash : -FromDIP(kTimelineHeight);
     const int pages = last && last->pages < 0 ? last->pages : -PagesWidth();
     KeepFarPart(*mHalves, sash);
@@ -278,6 +279,8 @@ void FrameMain_cls::OnUpdate(std::uint64_t updateBits) {
     mFiles.NoteChange();
     ShowSettings(updateBits);
     ShowTitle();
+    // Where playing has stopped, nothing else would show the last step.
+    if (mStatus && (updateBits & Bits::kUpdateTime)) mStatus->RefreshFromModel();
 }
 
 void FrameMain_cls::OnPosted(wxCommandEvent& event) {

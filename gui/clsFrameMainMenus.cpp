@@ -4,6 +4,7 @@
 #include "gui/clsDemo.h"
 #include "gui/clsFrameMain.h"
 #include "gui/clsFrameParts.h"
+#include "gui/clsFrameStatus.h"
 #include "gui/clsHelpSheets.h"
 #include "gui/clsSavePictures.h"
 #include "gui/clsTopHalfPanel.h"
@@ -150,7 +151,10 @@ Entries FrameMain_cls::RenderEntries() {
              .action = [this] { SaveViewAsPicture(*this, *mViews); }},
             {.label = "Save Pictures or &Film...\tCtrl+R",
              .help = "Write frames of the scene into pictures or a film, in any size",
-             .action = [this] { OpenSavePictures(*this, mContext, *mViews); }}};
+             .action = [this] {
+                 OpenSavePictures(*this, mContext, *mViews,
+                                  [this](const wxString& words) { mStatus->ShowSaving(words); });
+             }}};
 }
 
 void FrameMain_cls::MakeMenus() {

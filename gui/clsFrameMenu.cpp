@@ -21,6 +21,19 @@ bool WantsKeys(const wxWindow* window) {
 
 FrameMenu_cls::FrameMenu_cls(wxFrame& frame) : mFrame(frame), mBar(new wxMenuBar) {
     mFrame.Bind(wxEVT_CHAR_HOOK, &FrameMenu_cls::OnKey, this);
+    wxEvtHandler::AddFilter(this);
+}
+
+FrameMenu_cls::~FrameMenu_cls() {
+    wxEvtHandler::RemoveFilter(this);
+}
+
+int FrameMenu_cls::FilterEvent(wxEvent& event) {
+    const wxEventType type = event.GetEventType();
+    if (type == wxEVT_MENU_OPEN) mOpen.insert(static_cast<wxMenuEvent&>(event).GetMenu());
+    if (type == wxEVT_MENU_CLOSE) mOpen.erase(static_cast<wxMenuEvent&>(event).GetMenu());
+    const bool isKey = type == wxEVT_CHAR_HOOK || type == wxEVT_KEY_DOWN || type == wxEVT_CHAR;
+    return isKey && !mOpen.empty() ? Event_Ignore : Event_Skip;
 }
 
 wxMenu& FrameMenu_cls::Add(const wxString& title, const std::vector<Entry>& entries) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <wx/event.h>
+#include <wx/eventfilter.h>
 #include <wx/string.h>
 
 #include <functional>
 #include <map>
+#include <set>
 #include <vector>
 
 class wxFrame;
@@ -13,7 +15,7 @@ class wxMenuBar;
 
 /// The menus of the main window, and the keys that do the same. Keys without Ctrl work while no field is
 /// being typed into; menus only name them. Owned by the main window. Threads: GUI thread.
-class FrameMenu_cls {
+class FrameMenu_cls : private wxEventFilter {
   public:
     /// One entry of a menu.
     struct Entry {
@@ -31,6 +33,7 @@ class FrameMenu_cls {
     };
 
     explicit FrameMenu_cls(wxFrame& frame);
+    ~FrameMenu_cls() override;
     FrameMenu_cls(const FrameMenu_cls&) = delete;
     FrameMenu_cls& operator=(const FrameMenu_cls&) = delete;
 
@@ -41,8 +44,11 @@ class FrameMenu_cls {
 
   private:
     void OnKey(wxKeyEvent& event);
+    /// While a menu is open its keys are for no window of the program.
+    int FilterEvent(wxEvent& event) override;
 
     wxFrame& mFrame;
     wxMenuBar* mBar;
     std::map<int, Entry> mKeys;
+    std::set<const wxMenu*> mOpen;
 };

@@ -69,7 +69,7 @@ void FrameStatus_cls::RefreshFromModel() {
     if (mContext.timeCtrl.IsPlaying() && now - mShownAt < kPlayingMs) return;
     mShownAt = now;
     ShowProgress();
-    Put(kReading, Reading());
+    Put(kReading, mSaving.empty() ? Reading() : Reading() + "  |  " + mSaving);
     Put(kInstant, Instant());
     Put(kDrawn, Drawn());
     Put(kMemory, Memory());
@@ -79,6 +79,11 @@ void FrameStatus_cls::PaintNow() {
     RefreshFromModel();
     Update();
     mLine->Update();
+}
+
+void FrameStatus_cls::ShowSaving(const wxString& words) {
+    mSaving = words;
+    RefreshFromModel();
 }
 
 void FrameStatus_cls::ShowProgress() {

@@ -21,6 +21,8 @@ class FrameStatus_cls : public wxStatusBar {
     void RefreshFromModel();
     /// The same, on the screen when it returns.
     void PaintNow();
+    /// How far pictures are that are being saved, beside what is read; empty: none are.
+    void ShowSaving(const wxString& words);
 
   private:
     void Put(int field, const wxString& text);
@@ -36,6 +38,7 @@ class FrameStatus_cls : public wxStatusBar {
     const Playback_cls& mPlayback;
     const DrawWatch_cls& mWatch;
     long long mShownAt = 0;
+    wxString mSaving;
     ProgressLine_cls* mLine;
     wxButton* mStop;
 };

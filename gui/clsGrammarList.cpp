@@ -126,6 +126,7 @@ void GrammarList_cls::ShowButtons() {
 }
 
 void GrammarList_cls::Change(size_t selected) {
+    wxWindow* pressed = FindFocus();
     Fill();
     if (!mCodes.empty()) {
         const auto row = static_cast<long>(std::min(selected, mCodes.size() - 1));
@@ -133,6 +134,8 @@ void GrammarList_cls::Change(size_t selected) {
         mList->Focus(row);
     }
     ShowButtons();
+    // A button that was disabled for a moment has lost the keyboard, and Escape would go nowhere.
+    (pressed && pressed->IsEnabled() ? pressed : mList)->SetFocus();
     mChanged(mCodes);
 }
 

@@ -19,6 +19,7 @@
 #include "data/clsFileSequence.h"
 #include "gui/clsOneDialog.h"
 #include "gui/clsWords.h"
+#include "output/clsImageFile.h"
 #include "output/clsPicture.h"
 #include "seam/clsProjectName.h"
 #include "timeline/clsTimeCtrl.h"
@@ -27,9 +28,6 @@ namespace {
 
 constexpr const char* kTitle = "Save Pictures or Film";
 constexpr int kTickMs = 100;
-constexpr int kInterrupted = 130;
-constexpr const char* kFiles =
-    "PNG pictures (*.png)|*.png|JPEG pictures (*.jpg)|*.jpg|TIFF pictures (*.tif)|*.tif";
 
 const std::array<wxSize, 5> kSizes = {wxSize(640, 480), wxSize(1280, 720), wxSize(1920, 1080),
                                       wxSize(2560, 1440), wxSize(3840, 2160)};
@@ -44,7 +42,10 @@ wxString Duration(long seconds) {
 ImgSequenceGUI_cls& ImgSequenceGUI_cls::Open(wxWindow& parent, const Links& links) {
     auto& dialog = OneDialog::Show<ImgSequenceGUI_cls>(parent, kTitle,
                                                        [&] { return new ImgSequenceGUI_cls(parent, links); });
-    if (!dialog.IsSaving()) dialog.ShowRange();
+    if (!dialog.IsSaving()) {
+        dialog.ShowRange();
+        links.tell({});
+    }
     return dialog;
 }
 
@@ -173,13 +174,9 @@ wxSizer* ImgSequenceGUI_cls::MakeButtons() {
 
 void ImgSequenceGUI_cls::ChooseFile() {
     wxFileDialog dialog(this, "Save Pictures As", wxPathOnly(mPattern->GetValue()),
-                        wxFileNameFromPath(mPattern->GetValue()), kFiles, wxFD_SAVE);
+                        wxFileNameFromPath(mPattern->GetValue()), ImageFile_cls::kFilters, wxFD_SAVE);
     if (dialog.ShowModal() != wxID_OK) return;
-    wxString path = dialog.GetPath();
-    static constexpr std::array<const char*, 3> kEndings = {".png", ".jpg", ".tif"};
-    if (!wxFileNameFromPath(path).Contains("."))
-        path += kEndings.at(static_cast<size_t>(std::clamp(dialog.GetFilterIndex(), 0, 2)));
-    mPattern->SetValue(path);
+    mPattern->SetValue(ImageFile_cls::WithEnding(dialog.GetPath(), dialog.GetFilterIndex()));
 }
 
 void ImgSequenceGUI_cls::ShowRange() {
@@ -218,7 +215,7 @@ bool ImgSequenceGUI_cls::ReadEntries() {
     read(mStep, 1, std::max(end, 1.0), mSequence.mStep);
     read(mWidth, 1, Picture_cls::kLargestSide, mSequence.mWidth);
     read(mHeight, 1, Picture_cls::kLargestSide, mSequence.mHeight);
-    mSequence.mPattern = mPattern->GetValue();
+    mSequence.mPattern = ImageFile_cls::WithEnding(mPattern->GetValue());
     mSequence.mMovie = mFilm->GetValue() ? mMovie->GetValue() : wxString();
     mSequence.mResume = mKeep->GetValue();
     return mGrid.TakeGood();
@@ -227,6 +224,7 @@ bool ImgSequenceGUI_cls::ReadEntries() {
 void ImgSequenceGUI_cls::SaveAll() {
     if (IsSaving() || !ReadEntries() || !mSequence.EnsureNumbered()) return;
     mPattern->SetValue(mSequence.mPattern);
+    if (!mSequence.MayReplace()) return;
     if (mProject.empty()) {
         mProject = wxFileName::CreateTempFileName("varnholt3-") + ProjectName::kEnding;
         wxRemoveFile(mProject.BeforeLast('.'));
@@ -259,14 +257,22 @@ void ImgSequenceGUI_cls::OnTick() {
     mWasRunning = false;
 }
 
+wxString ImgSequenceGUI_cls::DescribeProgress() const {
+    const int frames = mSequence.GetFrames();
+    const int done = std::min(mChild.GetDone(), frames);
+    const wxString text = wxString::Format("%d of %d", done, frames);
+    if (mChild.IsPaused()) return text + ", paused";
+    if (done == 0) return text;
+    return text + ", about " + Duration(mWatch.Time() * (frames - done) / done / 1000) + " left";
+}
+
 wxString ImgSequenceGUI_cls::DescribeEnd() const {
     const int frames = mSequence.GetFrames();
-    if (mChild.GetStatus() == 0)
+    if (mChild.IsDone())
         return wxString::Format("%d of %d saved in %s.", mChild.GetDone(), frames,
                                 Duration(mWatch.Time() / 1000));
-    const bool cancelled = mChild.GetStatus() == kInterrupted;
     return wxString::Format(
-        cancelled ? "Cancelled after %d of %d pictures." : "Failed after %d of %d pictures.",
+        mChild.IsCancelled() ? "Cancelled after %d of %d pictures." : "Failed after %d of %d pictures.",
         mChild.GetDone(), frames);
 }
 
@@ -290,20 +296,10 @@ void ImgSequenceGUI_cls::ShowState() {
     if (!running && !mWasRunning) return;
 
     const int frames = mSequence.GetFrames();
-    const int done = std::min(mChild.GetDone(), frames);
     mGauge->SetRange(frames);
-    mGauge->SetValue(done);
-    wxString text;
-    if (!running) {
-        text = DescribeEnd();
-    } else {
-        text = wxString::Format("%d of %d", done, frames);
-        if (mChild.IsPaused()) {
-            text += ", paused";
-        } else if (done > 0) {
-            text += ", about " + Duration(mWatch.Time() * (frames - done) / done / 1000) + " left";
-        }
-    }
+    mGauge->SetValue(std::min(mChild.GetDone(), frames));
+    wxString text = running ? DescribeProgress() : DescribeEnd();
+    mLinks.tell(running ? "saving " + text : IsShown() ? wxString() : text);
     text += "\n" + (mChild.GetMessages().empty() ? mChild.GetFile() : mChild.GetMessages());
     ShowStatus(text);
 }

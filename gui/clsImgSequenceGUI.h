@@ -31,6 +31,8 @@ class ImgSequenceGUI_cls : public wxDialog {
         std::function<bool(const wxString& path)> saveCopy;  ///< the state as a project
         std::function<const PanelSettings_cls&()> getPanel;  ///< of the view that is meant
         std::function<wxSize()> getViewSize;                 ///< its pixels
+        /// How far saving is, and, while the dialog is closed, how it ended; empty: nothing to tell.
+        std::function<void(const wxString& words)> tell;
     };
     /// Makes the dialog, or shows the one there is.
     static ImgSequenceGUI_cls& Open(wxWindow& parent, const Links& links);
@@ -60,6 +62,7 @@ class ImgSequenceGUI_cls : public wxDialog {
     void OnTick();
     void ShowState();
     void ShowStatus(const wxString& text);
+    wxString DescribeProgress() const;
     wxString DescribeEnd() const;
 
     const Links mLinks;

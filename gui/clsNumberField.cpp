@@ -52,7 +52,7 @@ NumberField_cls::NumberField_cls(wxWindow* parent, const wxString& name, const w
 
 void NumberField_cls::ShowMark() {
     const bool marked = !mLimits.Read(mText->GetValue());
-    if (marked == mMarked) return;
+    if (!marked && !mMarked) return;
     mMarked = marked;
     mLimits.ShowMark(*mText, *mUnit, marked);
     GetParent()->Layout();

@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr double kAnyNumber = 1e30;
 const wxColour kMarkColour(214, 48, 49);  // readable on light and on dark windows
 
 }  // namespace
@@ -31,18 +32,27 @@ std::optional<double> NumberLimits_cls::Read(const wxString& text) const {
     return value;
 }
 
+wxString NumberLimits_cls::GetRange() const {
+    if (min <= -kAnyNumber) return {};
+    return max < kAnyNumber ? wxString::Format(_("%s to %s"), Format(min, whole), Format(max, whole))
+                            : wxString::Format(_("%s or more"), Format(min, whole));
+}
+
 wxString NumberLimits_cls::GetWords() const {
-    const wxString kind = whole ? _("whole number") : _("number");
-    const bool below = min > -1e30;
-    const bool above = max < 1e30;
-    if (below && above)
-        return wxString::Format(_("%s, %s to %s"), kind, Format(min, whole), Format(max, whole));
-    if (below) return wxString::Format(_("%s, %s or more"), kind, Format(min, whole));
-    return kind;
+    const wxString range = GetRange();
+    return (whole ? _("whole number") : _("number")) + (range.empty() ? "" : ", " + range);
+}
+
+wxString NumberLimits_cls::DescribeFault(const wxString& text) const {
+    const std::optional<double> value = NumberLimits_cls().Read(text);
+    if (!value) return _("not a number");
+    return *value < min || *value > max ? GetRange() : _("whole number");
 }
 
 void NumberLimits_cls::ShowMark(wxTextCtrl& text, wxStaticText& beside, bool wrong) const {
-    beside.SetLabel(wrong ? wxString::FromUTF8("\u26A0 ") + GetWords() : unit);
+    // The place is small: the rest is in the tooltip.
+    beside.SetLabel(wrong ? wxString::FromUTF8("\u26A0 ") + DescribeFault(text.GetValue()) : unit);
+    beside.SetToolTip(wrong ? GetWords() : wxString());
     beside.SetForegroundColour(wrong ? kMarkColour : wxNullColour);
     text.SetForegroundColour(wrong ? kMarkColour : wxNullColour);
     text.Refresh();

@@ -22,7 +22,11 @@ struct NumberLimits_cls {
     std::optional<double> Read(const wxString& text) const;
     /// What is taken, in words: "whole number, 1 to 1000".
     wxString GetWords() const;
-    /// Red text, and beside it what would be taken in place of the unit; or neither.
+    /// Only "1 to 1000".
+    wxString GetRange() const;
+    /// What is wrong with an entry, in few words.
+    wxString DescribeFault(const wxString& text) const;
+    /// Red text, and beside it what is wrong in place of the unit; or neither.
     void ShowMark(wxTextCtrl& text, wxStaticText& beside, bool wrong) const;
 
     /// The shortest text of a number; of a whole one without a point.

@@ -28,8 +28,10 @@ PeriodicBoundaryGUI_cls::PeriodicBoundaryGUI_cls(wxWindow* parent, PeriodicBound
         [&effect, &periodic] { effect.Enable(periodic.mType.mValue != PeriodicBoundary_cls::kNone); });
 
     BeginGroup(_("Box"));
-    AddNumbers(_("Size"), _("Multiplies the edges, one factor for each axis"), {.min = 0.0},
-               vector(_("Size"), periodic.mSize));
+    AddNumbers(_("Factor"),
+               _("Multiplies the x, y and z of the edges below; the box is as long as the product. 1 leaves "
+                 "the edges as they are."),
+               {.min = 0.0}, vector(_("Factor"), periodic.mSize));
     const std::array<wxString, 3> edges = {_("First edge"), _("Second edge"), _("Third edge")};
     for (size_t k = 0; k < edges.size(); ++k) {
         AddNumbers(

@@ -25,6 +25,7 @@ namespace {
 constexpr int kLookPeriodMs = 100;
 /// What the writing of a frame counts in its progress.
 constexpr double kWritingShare = 0.5;
+constexpr const char* kRenderTip = wxTRANSLATE("Renders the frames of the region one after another");
 
 }  // namespace
 
@@ -83,8 +84,7 @@ void PovRayGUI_cls::MakeButtons() {
                   &PovRayGUI_cls::ExportFrame);
     mRenderFrame =
         add(_("Render Frame"), _("Writes and renders the current frame"), &PovRayGUI_cls::RenderFrame);
-    mRenderAnimation = add(_("Render Animation"), _("Renders the frames of the region one after another"),
-                           &PovRayGUI_cls::RenderAnimation);
+    mRenderAnimation = add(_("Render Animation"), kRenderTip, &PovRayGUI_cls::RenderAnimation);
     mGauge = new wxGauge(this, wxID_ANY, 1000, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL,
                          wxDefaultValidator, "Progress");
     mStatus = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
@@ -177,6 +177,8 @@ void PovRayGUI_cls::UpdateButtonLabels() {
     mExport->Enable(!rendering);
     mRenderFrame->Enable(!rendering);
     mRenderAnimation->SetLabel(rendering ? _("Abort") : _("Render Animation"));
+    mRenderAnimation->SetToolTip(rendering ? _("Ends the rendering; finished pictures stay")
+                                           : wxGetTranslation(kRenderTip));
     if (!rendering) {
         mTimer.Stop();
     } else if (!mTimer.IsRunning()) {

@@ -16,11 +16,6 @@ constexpr int kRowLabelWidth = 36;
 constexpr int kLeastGridWidth = 400;
 constexpr int kLeastGridHeight = 120;
 
-/// A red that can be read on the window's background, light or dark.
-wxColour Red() {
-    return wxSystemSettings::GetAppearance().IsDark() ? wxColour(255, 120, 110) : wxColour(190, 20, 20);
-}
-
 void SetCount(int there, int wanted, const auto& append, const auto& remove) {
     if (wanted > there) append(wanted - there);
     if (wanted < there) remove(there - wanted);
@@ -61,11 +56,16 @@ PreviewGrid_cls::PreviewGrid_cls(wxWindow* parent) : wxPanel(parent) {
     SetSizer(sizer);
 }
 
-void PreviewGrid_cls::Show(const RecordPreview_cls& preview) {
+wxColour PreviewGrid_cls::Red() {
+    return wxSystemSettings::GetAppearance().IsDark() ? wxColour(255, 120, 110) : wxColour(190, 20, 20);
+}
+
+void PreviewGrid_cls::Show(const RecordPreview_cls& preview, const wxString& warning) {
+    const wxString& red = preview.mMisfit.empty() ? warning : preview.mMisfit;
     mHeader->SetLabelText(preview.mHeader);
     mSize->SetLabelText(preview.mSize);
-    mMisfit->SetLabelText(preview.mMisfit);
-    mMisfit->SetToolTip(preview.mMisfit);
+    mMisfit->SetLabelText(red);
+    mMisfit->SetToolTip(red);
     ShowCells(preview);
     Layout();
 }

@@ -13,7 +13,11 @@ class PreviewGrid_cls : public wxPanel {
   public:
     explicit PreviewGrid_cls(wxWindow* parent);
 
-    void Show(const RecordPreview_cls& preview);
+    /// A red that can be read on the window's background, light or dark.
+    static wxColour Red();
+
+    /// `warning` is shown where everything fits.
+    void Show(const RecordPreview_cls& preview, const wxString& warning);
 
   private:
     void ShowCells(const RecordPreview_cls& preview);

@@ -32,6 +32,7 @@ bool RenderProcess_cls::Start(const wxString& program, const std::vector<wxStrin
     for (const wxString& argument : arguments) words.push_back(argument.wc_str());
     words.push_back(nullptr);
     mPaused = false;
+    mCancelled = false;
     mDone = 0;
     mFile.clear();
     mErrorRest.clear();
@@ -92,6 +93,7 @@ void RenderProcess_cls::Pause(bool paused) {
 }
 
 void RenderProcess_cls::Cancel() {
+    mCancelled = true;
     Signal(SIGINT);
     if (mPaused) Pause(false);
 }

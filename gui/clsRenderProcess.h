@@ -26,13 +26,14 @@ class RenderProcess_cls {
     void Pause(bool paused);
     bool IsPaused() const { return mPaused; }
     void Cancel();
+    bool IsCancelled() const { return mCancelled; }
 
     int GetDone() const { return mDone; }
     const wxString& GetFile() const { return mFile; }  ///< the last one that is complete
     /// The last words that were no progress, at most a few lines.
     wxString GetMessages() const;
-    /// The child's exit status once it has ended.
-    int GetStatus() const { return mProcess ? mProcess->mStatus : 0; }
+    /// The child has ended, and well.
+    bool IsDone() const { return mProcess && mProcess->mEnded && mProcess->mStatus == 0; }
 
   private:
     class Child_cls : public wxProcess {
@@ -52,6 +53,7 @@ class RenderProcess_cls {
     std::unique_ptr<Child_cls> mProcess;
     long mPid = 0;
     bool mPaused = false;
+    bool mCancelled = false;
     int mDone = 0;
     wxString mFile;
     wxString mErrorRest;

@@ -35,10 +35,11 @@ SceneGUI_cls::SceneGUI_cls(wxWindow* parent, TimeCtrl_cls& timeCtrl, int snapsho
 
     auto* box = new wxStaticBoxSizer(wxVERTICAL, this, "Keys, when the length changes");
     auto* choices = new wxFlexGridSizer(2, FromDIP(wxSize(14, 6)));
-    mDoNotRemap = AddChoice(*choices, "do not remap", "the animation stretches with the scene", true);
-    mDoRemap = AddChoice(*choices, "do remap", "every key stays at its frame");
+    mDoNotRemap = AddChoice(*choices, "do not remap",
+                            "keys keep their share of the scene: the animation stretches with it", true);
+    mDoRemap = AddChoice(*choices, "do remap", "keys are moved so that each stays at its frame");
     mKeyRemap =
-        AddChoice(*choices, "key remap", "the animation stretches, and data pass at the speed they had");
+        AddChoice(*choices, "key remap", "the animation stretches, but data pass at the speed they had");
     box->Add(choices, wxSizerFlags().Border(wxALL, FromDIP(6)));
     sizer->Add(box, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(12)));
     sizer->AddStretchSpacer();

@@ -57,7 +57,8 @@ void SettingsPage_cls::BeginColumn() {
 void SettingsPage_cls::BeginGroup(const wxString& heading) {
     auto* text = new wxStaticText(this, wxID_ANY, heading);
     text->SetFont(text->GetFont().Bold());
-    mColumn->Add(text, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Spacing::kRow)));
+    // The toolkit measures a hidden page's heading before it is bold: given all of the column, none is cut.
+    mColumn->Add(text, wxSizerFlags().Expand().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(Spacing::kRow)));
     mGrid = nullptr;
 }
 

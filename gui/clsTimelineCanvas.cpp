@@ -71,6 +71,9 @@ void TimelineCanvas_cls::RefreshAll() {
     Prepare();
     UpdateScrollbar();
     if (mView.IsShowingCurves() && mGesture != Gesture::CurveKeys) mView.mCurves.FitValues();
+    // What lies under the mouse may have gone or come.
+    const wxPoint mouse = ScreenToClient(wxGetMousePosition());
+    if (mGesture == Gesture::None && GetClientRect().Contains(mouse)) ShowHover(mouse);
     Refresh();
 }
 

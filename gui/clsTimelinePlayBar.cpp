@@ -186,7 +186,7 @@ void TimelinePlayBar_cls::RefreshFromModel() {
         mPlay->SetBitmap(Icons_cls::Get(mShowsPlaying ? "pause" : "play", *this));
         mRateSince = Clock_cls::Current().Now();
         mRateFrames = 0;
-        if (mShowsPlaying) ShowText(*mRate, wxString());
+        ShowText(*mRate, wxString());
     }
     ShowRate();
 }

@@ -103,14 +103,12 @@ void UserSettings_cls::SaveWindow(const wxTopLevelWindow& window, int sash, int 
 
 std::optional<UserSettings_cls::Window> UserSettings_cls::GetWindow() const {
     Window window;
-    if (!mConfig || !mConfig->Read("Window/Width", &window.place.width) ||
-        !mConfig->Read("Window/Height", &window.place.height)) {
-        return std::nullopt;
-    }
+    if (!mConfig || !mConfig->Read("Window/Sash", &window.sash)) return std::nullopt;
+    mConfig->Read("Window/Width", &window.place.width);
+    mConfig->Read("Window/Height", &window.place.height);
     mConfig->Read("Window/X", &window.place.x);
     mConfig->Read("Window/Y", &window.place.y);
     mConfig->Read("Window/Maximized", &window.maximized);
-    mConfig->Read("Window/Sash", &window.sash);
     mConfig->Read("Window/Pages", &window.pages);
     return window;
 }

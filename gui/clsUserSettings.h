@@ -40,7 +40,7 @@ class UserSettings_cls {
 
     void SaveWindow(const wxTopLevelWindow& window, int sash, int pages);
     struct Window {
-        wxRect place;  ///< the corner of the frame, the size of what it holds
+        wxRect place;  ///< the corner of the frame, the size of what it holds; empty while always maximised
         bool maximized = false;
         int sash = 0;
         int pages = 0;

@@ -54,9 +54,9 @@ void ViewSettingsGUI_cls::AddProjection() {
           "the angle of the path."),
         {.low = 5.0, .high = 120.0}, {.min = 0.1, .max = kLimitAngle, .unit = _("deg"), .step = 1.0},
         BindPanel<double>(_("Angle"), &PanelSettings_cls::mPersAngle));
-    NumberField_cls& scale =
-        AddNumber(_("Scale"), _("Orthographic views: larger shows a larger part of the scene"), {.min = 1e-6},
-                  BindPanel<double>(_("Scale"), &PanelSettings_cls::mOrthoScale));
+    NumberField_cls& scale = AddNumber(
+        _("Scale"), _("Orthographic views: the magnification; larger shows a smaller part of the scene"),
+        {.min = 1e-6}, BindPanel<double>(_("Scale"), &PanelSettings_cls::mOrthoScale));
     AddNumbers(_("Depth range"),
                _("Nearest and farthest distance that is drawn, in the data's length unit. Perspective only."),
                {.min = 1e-9},
@@ -86,7 +86,7 @@ void ViewSettingsGUI_cls::AddShown() {
               &PanelSettings_cls::mShowOtherCam);
 
     BeginGroup(_("Grid"));
-    AddSwitch(_("Show/Hide Grid"), _("A grid through the origin"), &PanelSettings_cls::mShowGrid);
+    AddSwitch(_("Show/Hide Grid"), _("A grid around the anchor"), &PanelSettings_cls::mShowGrid);
     AddChoice(_("Grid kind"), _("The planes in which the grid lies"),
               Words({_("None"), _("x-y"), _("x-z"), _("y-z"), _("All three"), _("Axes")}),
               BindPanel<unsigned int>(_("Grid kind"), &PanelSettings_cls::mGridType));

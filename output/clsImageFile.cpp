@@ -4,6 +4,8 @@
 #include <wx/log.h>
 #include <wx/mstream.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 
 #include "data/clsSplitPath.h"
@@ -44,6 +46,11 @@ void ImageFile_cls::InitHandlers() {
 
 bool ImageFile_cls::IsKnownFormat(const wxString& path) {
     return FormatOf(path) != wxBITMAP_TYPE_INVALID;
+}
+
+wxString ImageFile_cls::WithEnding(const wxString& path, int filter) {
+    static constexpr std::array<const char*, 3> kEndings = {".png", ".jpg", ".tif"};
+    return IsKnownFormat(path) ? path : path + kEndings.at(static_cast<size_t>(std::clamp(filter, 0, 2)));
 }
 
 wxString ImageFile_cls::Write(const wxString& path, const Picture_cls& picture) {

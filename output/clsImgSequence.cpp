@@ -1,8 +1,10 @@
 #include "output/clsImgSequence.h"
 
+#include <wx/filename.h>
 #include <wx/tokenzr.h>
 
 #include "data/clsFileSequence.h"
+#include "output/clsFrameNames.h"
 #include "render/clsPanelSettings.h"
 #include "seam/clsUserMessage.h"
 
@@ -17,6 +19,19 @@ bool ImgSequence_cls::EnsureNumbered() {
     mPattern = files.GetPath();
     if (!ending.empty() && !mPattern.EndsWith(ending)) mPattern += ending;
     return true;
+}
+
+bool ImgSequence_cls::MayReplace() const {
+    if (mResume) return true;
+    const FrameNames_cls names(mPattern, mFirst == mLast);
+    int there = 0;
+    for (int frame = mFirst; frame <= mLast; frame += mStep) there += wxFileExists(names.Of(frame)) ? 1 : 0;
+    wxString text;
+    if (there > 0)
+        text = wxString::Format("%d of the %d pictures are there already, in %s\n", there, GetFrames(),
+                                wxFileName(mPattern).GetPath());
+    if (!mMovie.empty() && wxFileExists(mMovie)) text += "The film is there already: " + mMovie + "\n";
+    return text.empty() || UserMessage_cls::AskYesNo("Replace?", text + "Replace what is there?");
 }
 
 std::vector<wxString> ImgSequence_cls::MakeArguments(const wxString& project,

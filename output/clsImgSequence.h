@@ -25,6 +25,9 @@ class ImgSequence_cls {
     /// Several frames need a number in their names: asks whether to append one. False when the answer is no,
     /// and nothing may be written.
     bool EnsureNumbered();
+    /// Asks, where pictures or a film of these names are there and would be lost. False when the answer is
+    /// no.
+    bool MayReplace() const;
     /// The program's arguments that save what the panel shows of the project.
     std::vector<wxString> MakeArguments(const wxString& project, const PanelSettings_cls& panel) const;
 };

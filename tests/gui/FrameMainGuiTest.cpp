@@ -136,6 +136,17 @@ TEST_F(FrameMainGuiTest, PlaysStopsAndSteps) {
     ASSERT_TRUE(WaitFor([&] { return Time().GetFrame() == kSnapshots - 1 && !Time().IsPlaying(); }));
 }
 
+TEST_F(FrameMainGuiTest, AnOpenMenuHasTheKeys) {
+    OpenCloud();
+    // Along the bar to View, and down to the second layout.
+    for (const char* key : {"F10", "Right", "Right", "Down", "Down", "Return"}) mUser.Press(key);
+    ASSERT_TRUE(WaitFor([&] { return Views().GetLayout() == 1; }));
+    EXPECT_EQ(OnGui([&] { return Time().GetFrame(); }), 0);
+    // And the window has them again.
+    mUser.Press("Right");
+    EXPECT_TRUE(WaitForFrame(1));
+}
+
 TEST_F(FrameMainGuiTest, UndoTakesTheWholeOpeningBackAndPlayingKeepsTheRedo) {
     OpenCloud();
     EXPECT_EQ(UndoName(), "Open Data");

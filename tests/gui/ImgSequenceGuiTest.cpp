@@ -2,6 +2,7 @@
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/image.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include "core/clsMain.h"
 #include "gui/clsImgSequenceGUI.h"
 #include "support/Program.h"
+#include "support/RecordingMessage.h"
 #include "support/SampleData.h"
 #include "support/TempFolder.h"
 #include "support/gui/OpenWindow.h"
@@ -46,7 +48,8 @@ class ImgSequenceGuiTest : public ::testing::Test {
                                 main.SaveProjectFile(mFolder.File("copy.vhp"), true) == 1;
                      },
                  .getPanel = [&main]() -> const PanelSettings_cls& { return main.GetPanelSettings(0); },
-                 .getViewSize = [] { return wxSize(200, 100); }});
+                 .getViewSize = [] { return wxSize(200, 100); },
+                 .tell = [this](const wxString& words) { mTold = words; }});
         });
         ASSERT_TRUE(WaitFor([this] { return mDialog->IsActive(); }));
     }
@@ -68,13 +71,21 @@ class ImgSequenceGuiTest : public ::testing::Test {
         }));
     }
     bool HasEnded() {
-        return WaitFor([this] { return !mDialog->IsSaving(); }, 60000);
+        // And says so.
+        return WaitFor(
+            [this] {
+                auto* save = FindWindowBelow<wxButton>(
+                    mDialog, [](wxButton& found) { return found.GetLabelText() == "Save"; });
+                return !mDialog->IsSaving() && save->IsEnabled();
+            },
+            60000);
     }
 
     TempFolder_cls mFolder;
     std::unique_ptr<OpenWindow_cls> mWindow;
     ImgSequenceGUI_cls* mDialog = nullptr;
     User_cls mUser;
+    wxString mTold;
 };
 
 TEST_F(ImgSequenceGuiTest, SavesWhatTheCommandLineSaves) {
@@ -85,6 +96,16 @@ TEST_F(ImgSequenceGuiTest, SavesWhatTheCommandLineSaves) {
     ClickButton("Save");
     ASSERT_TRUE(WaitFor([this] { return fs::exists(mFolder.File("window0004.png")); }, 60000));
     ASSERT_TRUE(HasEnded());
+    const auto written = fs::last_write_time(mFolder.File("window0000.png"));
+    {
+        // What is there is asked for; the answer is No.
+        RecordingMessage_cls message;
+        ClickButton("Save");
+        ASSERT_TRUE(WaitFor([&] { return !message.mSaid.empty(); }));
+        EXPECT_TRUE(OnGui([&] { return message.mSaid[0].text.StartsWith("5 of the 5 pictures"); }));
+        EXPECT_FALSE(OnGui([this] { return mDialog->IsSaving(); }));
+    }
+    EXPECT_EQ(fs::last_write_time(mFolder.File("window0000.png")), written);
     const ProgramRun_cls run = RunProgram({"--no-config", "--render", mFolder.File("line%04d.png"),
                                            "--frames", "0:4", "--size", "160x120", mFolder.File("copy.vhp")});
     ASSERT_EQ(run.status, 0) << run.err;
@@ -116,6 +137,10 @@ TEST_F(ImgSequenceGuiTest, CancellingLeavesWholePicturesOnly) {
         EXPECT_TRUE(wxImage(wxString::FromUTF8(entry.path().string())).IsOk()) << name;
         ++pictures;
     }
+    EXPECT_TRUE(OnGui([this] {
+        return FindWindowBelow<wxStaticText>(
+            mDialog, [](wxStaticText& text) { return text.GetLabel().StartsWith("Cancelled after"); });
+    }));
     EXPECT_GE(pictures, 4);
     EXPECT_LT(pictures, 4000);
     mUser.Press("Escape");
