@@ -306,7 +306,7 @@ void FrameMain_cls::OnPosted(wxCommandEvent& event) {
 void FrameMain_cls::End() {
     mEnding = true;
     mFiles.Finish(true);
-    // A message that waits for its answer cannot be closed for the user: tried until it is gone.
+    // Tried until it is done: behind a message that is closed another may come up.
     mEndTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Close(); });
     mEndTimer.Start(kEndPeriodMs);
     Close();

@@ -20,8 +20,7 @@ class ModalDialogs_cls : private wxModalDialogHook {
     ModalDialogs_cls& operator=(const ModalDialogs_cls&) = delete;
 
     bool IsAnyOpen() const { return !mOpen.empty(); }
-    /// Ends the dialogs as Escape does, the innermost first. A message of the desktop's own cannot be ended
-    /// and stays with those below it.
+    /// Ends the dialogs as Escape does, the innermost first.
     void Cancel();
 
   private:

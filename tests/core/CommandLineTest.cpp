@@ -1,6 +1,7 @@
 #include "core/clsCommandLine.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <clocale>
 #include <filesystem>
@@ -89,6 +90,9 @@ TEST_F(BadInputTest, EachFaultIsOneClearLineWithTheFigures) {
         {{"--render", "out.png", "good0000.dat", "--size", "0x10"}, 2, {"0x10"}},
         {{"--render", "out.png", "good0000.dat", "--size", "10x99999999"}, 2, {"10x99999999"}},
         {{"--render", "out.png", "good0000.dat", "--frames", "0:5"}, 2, {"0:5", "frame 0"}},
+        {{"--export", "", "good0000.dat"}, 2, {"--export"}},
+        {{"--export", "out.txt", "good0000.dat", "--at", "1e8"}, 2, {"--at 1e+08", "snapshot 0"}},
+        {{"--render", "out.png", "good0000.dat", "--movie", "out.png"}, 2, {"--movie out.png"}},
         {{"--info", "gone.vhp"}, 1, {"Read Configure Failsgone.vhp"}},
         {{"--save", "no/such/folder/a.vhp", "good0000.dat"}, 1, {"no/such/folder/a.vhp"}},
     };
@@ -99,6 +103,33 @@ TEST_F(BadInputTest, EachFaultIsOneClearLineWithTheFigures) {
         for (const char* words : c.said)
             EXPECT_NE(run.err.find(words), std::string::npos) << words << ": " << run.err;
     }
+}
+
+TEST_F(BadInputTest, WhatScenesAndSeriesNeedIsReadAndWrittenOrTold) {
+    const auto pov = [&](const std::string& texture) {
+        return RunProgram(
+            {"--no-config", "--quiet", "--pov", ".", "good0000.dat", "--set", "SEQ0TYPE0DrawType=1", "--set",
+             "SEQ0TYPE1DrawType=1", "--set", "SEQ0TYPE0TexFileBillboard=" + texture},
+            mFolder.Path());
+    };
+    ASSERT_EQ(mkfifo(mFolder.File("fifo").c_str(), 0666), 0);
+    for (const char* texture : {"fifo", "folder.dat", "gone.png", "good0000.dat"}) {
+        const ProgramRun_cls run = pov(mFolder.File(texture));
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_NE(run.err.find(std::string(texture) + " is not used: "), std::string::npos) << run.err;
+    }
+    std::filesystem::remove(mFolder.File("Billboard0.png"));
+    std::filesystem::create_directory(mFolder.File("Billboard0.png"));
+    const ProgramRun_cls run = pov("Texture/ParticleA.png");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.err.find("Billboard0.png: cannot open"), std::string::npos) << run.err;
+
+    const std::string step = "2\ncomment\nA 0 0 0\nA 1 1 1\n";
+    mFolder.Write("t.xyz", step + step);
+    const ProgramRun_cls split =
+        RunProgram({"--no-config", "--info", "t.xyz"}, mFolder.Path(), {"XDG_CACHE_HOME=/dev/null"});
+    EXPECT_EQ(split.status, 1) << "only the first step";
+    EXPECT_NE(split.err.find("/dev/null"), std::string::npos) << split.err;
 }
 
 TEST_F(BadInputTest, ConfigurationFilesOfAnyKindDoNoHarm) {

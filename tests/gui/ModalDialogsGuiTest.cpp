@@ -2,6 +2,7 @@
 #include <wx/dialog.h>
 
 #include "scene/clsCameraPath.h"
+#include "seam/clsUserMessage.h"
 #include "support/gui/OpenWindow.h"
 
 namespace {
@@ -14,18 +15,22 @@ TEST(ModalDialogsGuiTest, ClosingEndsTheDialogsBeforeTheWindow) {
         }
         return false;
     };
-    for (const bool ofKeys : {false, true}) {
+    enum Kind { OfData, OfKeys, Box };
+    for (const Kind kind : {OfData, OfKeys, Box}) {
         OpenWindow_cls window;
         User_cls user;
-        if (ofKeys) {
+        if (kind == Box) {
+            wxTheApp->CallAfter([] { UserMessage_cls::Tell("Warning", "nobody answers"); });
+        } else if (kind == OfKeys) {
             wxTheApp->CallAfter(
                 [&] { window.Main().GetCameraPath().GetGroup(CameraPath_cls::kPosition).CreateKeyDLG(); });
         } else {
             user.Press("ctrl+d");
         }
-        ASSERT_TRUE(WaitFor(isDialogOpen)) << ofKeys;
-        OnGui([&] { window.Frame()->Close(); });
-        EXPECT_TRUE(WaitFor([&] { return !window.Frame(); })) << ofKeys;
+        // What is done on the window's thread from here on is done inside the box.
+        ASSERT_TRUE(kind == Box || WaitFor(isDialogOpen)) << kind;
+        OnGui([&] { window.Frame()->End(); });
+        EXPECT_TRUE(WaitFor([&] { return !window.Frame(); })) << kind;
     }
 }
 
