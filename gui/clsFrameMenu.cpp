@@ -32,6 +32,8 @@ int FrameMenu_cls::FilterEvent(wxEvent& event) {
     const wxEventType type = event.GetEventType();
     if (type == wxEVT_MENU_OPEN) mOpen.insert(static_cast<wxMenuEvent&>(event).GetMenu());
     if (type == wxEVT_MENU_CLOSE) mOpen.erase(static_cast<wxMenuEvent&>(event).GetMenu());
+    // A click that reaches a window finds all menus closed, whatever was told of them.
+    if (type == wxEVT_LEFT_DOWN) mOpen.clear();
     const bool isKey = type == wxEVT_CHAR_HOOK || type == wxEVT_KEY_DOWN || type == wxEVT_CHAR;
     return isKey && !mOpen.empty() ? Event_Ignore : Event_Skip;
 }

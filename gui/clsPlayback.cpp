@@ -49,15 +49,16 @@ void Playback_cls::Stop() {
 }
 
 void Playback_cls::StopReading() {
-    mContext.timeCtrl.ProcStopPlaying();
-    mStoppedAt = mContext.timeCtrl.GetRemappedIndexDouble();
-    mAwaitedSince.reset();
+    // First of all: what stopping shows takes its time, and the reader would be done by then.
     const int reading = GThreadReaderIndex.load(std::memory_order_acquire);
     if (reading >= 0 && GpCThreadReader.load(std::memory_order_acquire)) {
         GbThreadReaderAbandoned.store(true, std::memory_order_relaxed);
         mContext.seqCtrl.ClearData(PDataSeqCtrl_cls::kActive, reading, false);
         GbThreadReaderAbandoned.store(false, std::memory_order_relaxed);
     }
+    mContext.timeCtrl.ProcStopPlaying();
+    mStoppedAt = mContext.timeCtrl.GetRemappedIndexDouble();
+    mAwaitedSince.reset();
     EventSink_cls::PostToFrame(EventSink_cls::kRefreshStatus);
 }
 
