@@ -91,6 +91,7 @@ void ThreadInterpolator_cls::ComputeRates(const Task& task) {
     RateArrays_cls arrays = task.arrays;
     arrays.mCountA = std::max(arrays.mCountA, 0);  // -1 stands for a snapshot that has not been read
     arrays.mCountB = std::max(arrays.mCountB, 0);
+    if (task.outOfReach) task.outOfReach->store(0, std::memory_order_relaxed);
     if (task.interpolationType != DataLoader_cls::kLinear) {
         ClearWorkFrom(arrays, 0);
         if (task.interpolationType != DataLoader_cls::kHermite) {
