@@ -1,93 +1,25 @@
 #include "interp/clsIDIndex.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <bit>
-#include <cstring>
-#include <functional>
 
-#include "seam/clsJoinedThread.h"
-#include "seam/clsUserMessage.h"
+#include "interp/clsFour.h"
+#include "interp/clsTwoThreads.h"
 
 namespace {
 
-/// A table by number needs 4 bytes an entry: up to this many entries a particle it is the smaller one.
-constexpr size_t kDenseEntriesPerParticle = 4;
-constexpr size_t kSmallTable = 4096;
-/// Tables that do not fit into the processor's cache are worth a second thread.
-constexpr size_t kTwoThreads = 2000000;
 /// The entry that will be wanted after this many others is fetched from memory ahead of time.
 constexpr size_t kHomesAhead = 16;
-
-using RangeWork = std::function<void(size_t begin, size_t end)>;
-
-class HalfThread_cls final : public JoinedThread_cls {
-  public:
-    HalfThread_cls(const RangeWork& work, size_t end) : mWork(work), mEnd(end) {}
-    ~HalfThread_cls() override { Join(); }
-    ExitCode Entry() override {
-        mWork(0, mEnd);
-        return nullptr;
-    }
-
-  private:
-    const RangeWork& mWork;
-    size_t mEnd;
-};
-
-/// Four numbers that the processor compares at once.
-using Four = int32_t __attribute__((vector_size(16)));
-
-Four Load(const int32_t* numbers) {
-    Four four{};
-    std::memcpy(&four, numbers, sizeof four);
-    return four;
-}
-
-struct Extremes {
-    int32_t smallest = INT32_MAX;
-    int32_t largest = INT32_MIN;
-    void Take(int32_t number) {
-        smallest = std::min(smallest, number);
-        largest = std::max(largest, number);
-    }
-};
-
-Extremes FindExtremes(std::span<const int32_t> ids) {
-    Four low = Four{} + INT32_MAX;
-    Four high = Four{} + INT32_MIN;
-    size_t j = 0;
-    for (; j + 4 <= ids.size(); j += 4) {
-        const Four four = Load(&ids[j]);
-        low = four < low ? four : low;
-        high = four > high ? four : high;
-    }
-    Extremes extremes;
-    for (int k = 0; k < 4 && j > 0; ++k) {
-        extremes.Take(low[k]);
-        extremes.Take(high[k]);
-    }
-    for (; j < ids.size(); ++j) extremes.Take(ids[j]);
-    return extremes;
-}
 
 size_t CountUsed(std::span<const int32_t> table) {
     Four used{};
     size_t entry = 0;
-    for (; entry + 4 <= table.size(); entry += 4) used -= Load(&table[entry]) != 0;  // true is -1
+    for (; entry + 4 <= table.size(); entry += 4) used -= LoadFour(&table[entry]) != 0;  // true is -1
     size_t count = 0;
     for (int k = 0; k < 4; ++k) count += static_cast<size_t>(used[k]);
     for (; entry < table.size(); ++entry) count += table[entry] != 0 ? 1 : 0;
     return count;
-}
-
-/// Does the work on 0 to count - 1, large ones half on a thread of its own.
-void OverRange(size_t count, const RangeWork& work) {
-    if (count < kTwoThreads) return work(0, count);
-    HalfThread_cls half(work, count / 2);
-    if (!half.Start()) MsgBoxExit("Can't create thread", "Error!");
-    work(count / 2, count);
 }
 
 }  // namespace
@@ -113,23 +45,11 @@ inline int32_t IDIndex_cls::PlaceIn(size_t entry) const {
 }
 
 IDIndex_cls::IDIndex_cls(std::span<const int32_t> ids)
-    : mRange(FindRange(ids)),
-      mIsDense(mRange.size <= std::max(kSmallTable, kDenseEntriesPerParticle * ids.size())) {
+    : mRange(IDRange_cls::Find(ids)), mIsDense(mRange.IsDense(ids.size())) {
     if (mIsDense ? BuildDense(ids) : BuildHashed(ids)) BuildLists(ids);
 }
 
-IDIndex_cls::Range IDIndex_cls::FindRange(std::span<const int32_t> ids) {
-    if (ids.empty()) return {};
-    std::array<Extremes, 2> halves;
-    OverRange(ids.size(), [&halves, ids](size_t begin, size_t end) {
-        halves[begin == 0 ? 0 : 1] = FindExtremes(ids.subspan(begin, end - begin));
-    });
-    const int32_t smallest = std::min(halves[0].smallest, halves[1].smallest);
-    const int32_t largest = std::max(halves[0].largest, halves[1].largest);
-    return {.smallest = smallest, .size = static_cast<size_t>(int64_t{largest} - smallest + 1)};
-}
-
-void IDIndex_cls::Enter(std::span<const int32_t> ids, int32_t place, Range range, int32_t* table) {
+void IDIndex_cls::Enter(std::span<const int32_t> ids, int32_t place, IDRange_cls range, int32_t* table) {
     for (const int32_t id : ids) {
         // Threads can meet in an entry, and either may win: an ID that repeats is looked up in the lists.
         const std::atomic_ref<int32_t> entry(table[range.EntryOf(id)]);
@@ -141,11 +61,11 @@ bool IDIndex_cls::BuildDense(std::span<const int32_t> ids) {
     mSize = mRange.size + 1;
     mTable = LargeMemory_cls(mSize * sizeof(int32_t));
     auto* table = mTable.As<int32_t>();
-    OverRange(ids.size(), [table, range = mRange, ids](size_t begin, size_t end) {
+    TwoThreads_cls::OverRange(ids.size(), [table, range = mRange, ids](size_t begin, size_t end) {
         Enter(ids.subspan(begin, end - begin), static_cast<int32_t>(begin + 1), range, table);
     });
     std::atomic<size_t> used{0};
-    OverRange(mSize, [&used, table](size_t begin, size_t end) {
+    TwoThreads_cls::OverRange(mSize, [&used, table](size_t begin, size_t end) {
         used += CountUsed({table + begin, end - begin});
     });
     return used != ids.size();
@@ -179,7 +99,7 @@ void IDIndex_cls::BuildLists(std::span<const int32_t> ids) {
 void IDIndex_cls::FindPlaces(std::span<const int32_t> ids, int32_t* places) const {
     if (mIsDense) {
         const auto* table = mTable.As<int32_t>();
-        const Range range = mRange;
+        const IDRange_cls range = mRange;
         for (size_t k = 0; k < ids.size(); ++k) places[k] = table[range.EntryOf(ids[k])];
         return;
     }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/clsLargeMemory.h"
+#include "interp/clsIDRange.h"
 
 /// Where every ID of one snapshot stands. Built once for a pair of snapshots, then read by any number of
 /// threads. IDs that lie close together get a table with an entry for every number in their range, all
@@ -31,24 +32,11 @@ class IDIndex_cls {
         int32_t id;
         int32_t place;
     };
-    /// Numbers in a row and the entry of each.
-    struct Range {
-        int32_t smallest = 0;
-        size_t size = 0;
-        /// Entry `size`, which stays empty, stands for every ID outside.
-        size_t EntryOf(int32_t id) const {
-            // In unsigned numbers an ID below the range wraps to one far above it.
-            const size_t offset = static_cast<uint32_t>(id) - static_cast<uint32_t>(smallest);
-            return offset < size ? offset : size;
-        }
-    };
-
-    static Range FindRange(std::span<const int32_t> ids);
     /// Both return true when an ID occurs twice.
     bool BuildDense(std::span<const int32_t> ids);
     bool BuildHashed(std::span<const int32_t> ids);
     /// Enters the places of some IDs, the first of which has `place`.
-    static void Enter(std::span<const int32_t> ids, int32_t place, Range range, int32_t* table);
+    static void Enter(std::span<const int32_t> ids, int32_t place, IDRange_cls range, int32_t* table);
     void BuildLists(std::span<const int32_t> ids);
 
     /// The ID's entry in the table, or an empty one.
@@ -57,7 +45,7 @@ class IDIndex_cls {
     size_t HashedEntryOf(int32_t id) const;
     int32_t PlaceIn(size_t entry) const;
 
-    Range mRange;
+    IDRange_cls mRange;
     bool mIsDense;
     size_t mSize = 0;  ///< entries of the table
     LargeMemory_cls mTable;

@@ -34,20 +34,86 @@ bool IsIndexWorthwhile(const RateArrays_cls& arrays, int matched) {
     return moved > kScannedParticles;
 }
 
-/// Null when scanning does, or when there is no memory for an index: scanning gives the same, only slower.
-std::unique_ptr<IDIndex_cls> MakeIndex(const RateArrays_cls& arrays, int matched) {
-    if (!IsIndexWorthwhile(arrays, matched)) return nullptr;
+/// What finds particles by their ID: one of the two, or neither where scanning does.
+struct Finder {
+    std::unique_ptr<IDIndex_cls> index;
+    std::unique_ptr<ShuffledPair_cls> shuffled;
+    std::vector<std::unique_ptr<ShuffledMatcher_cls>> matchers;  ///< one for each worker
+};
+
+std::span<const int32_t> GetIDsOfB(const RateArrays_cls& arrays) {
+    return {arrays.mIDB, static_cast<size_t>(arrays.mCountB)};
+}
+
+Finder MakeIndex(const RateArrays_cls& arrays) {
     try {
-        return std::make_unique<IDIndex_cls>(std::span(arrays.mIDB, static_cast<size_t>(arrays.mCountB)));
+        Finder finder;
+        finder.index = std::make_unique<IDIndex_cls>(GetIDsOfB(arrays));
+        return finder;
     } catch (const std::bad_alloc&) {
-        return nullptr;
+        return {};  // scanning gives the same, only slower
     }
+}
+
+Finder MakeShuffled(const RateArrays_cls& arrays, int workers) {
+    try {
+        Finder finder;
+        finder.shuffled =
+            ShuffledPair_cls::Make({arrays.mIDA, static_cast<size_t>(arrays.mCountA)}, GetIDsOfB(arrays));
+        for (int w = 0; w < workers && finder.shuffled; ++w) {
+            finder.matchers.push_back(std::make_unique<ShuffledMatcher_cls>(*finder.shuffled));
+        }
+        return finder;
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
+/// A matcher's bits fill a processor's cache: more of them at a time would drive each other out.
+int GetMatcherNumber(int countA) {
+    return std::clamp(wxThread::GetCPUCount(), 1, ThreadInterpolator_cls::GetWorkerNumber(countA));
 }
 
 /// Clears the change of radius and value1 from one particle of A to the last.
 void ClearWorkFrom(const RateArrays_cls& arrays, int begin) {
     std::fill(arrays.mRadiusWork + begin, arrays.mRadiusWork + arrays.mCountA, 0.0F);
     std::fill(arrays.mValue1Work + begin, arrays.mValue1Work + arrays.mCountA, 0.0F);
+}
+
+/// All rates, with a worker for every matcher or else by the number of particles. Returns the number of
+/// particles whose ID is in B, but where no search looks for it.
+int RunWorkers(const ThreadInterpolator_cls::Task& task, const RateArrays_cls& arrays, Finder& finder) {
+    // Snapshots of one time, as a last snapshot and itself, are taken to be one time unit apart.
+    const float dt = task.dt == 0.0F ? 1.0F : task.dt;
+    const int matched = std::min(arrays.mCountA, arrays.mCountB);
+    const bool sorted = task.variableNumber == DataLoader_cls::kSortByID;
+    WorkShares_cls shares(matched,
+                          finder.shuffled ? static_cast<int>(finder.matchers.size())
+                                          : ThreadInterpolator_cls::GetWorkerNumber(arrays.mCountA),
+                          sorted            ? WorkShares_cls::kWhole
+                          : finder.shuffled ? ShuffledMatcher_cls::kMostParticles
+                                            : kRateBlock);
+    std::vector<std::unique_ptr<ThreadInterpolatorBlock_cls>> workers;
+    for (int w = 0; w < shares.GetWorkers(); ++w) {
+        workers.push_back(std::make_unique<ThreadInterpolatorBlock_cls>());
+        workers.back()->SetParameters(arrays, shares, w, dt, task.variableNumber, task.periodic,
+                                      finder.index.get());
+        if (finder.shuffled) workers.back()->SetMatcher(std::move(finder.matchers[static_cast<size_t>(w)]));
+    }
+    // Where no kernel is made for the settings, nothing but the velocity that was read may be left.
+    ClearWorkFrom(arrays, workers[0]->HasKernel() ? matched : 0);
+
+    // The last worker is this thread itself, so that a small snapshot costs no further thread.
+    for (size_t w = 0; w + 1 < workers.size(); ++w) {
+        if (!workers[w]->Start()) MsgBoxExit("Can't create thread", "Error!");
+    }
+    workers.back()->Entry();
+    int outOfReach = 0;
+    for (const auto& worker : workers) {
+        worker->Join();
+        outOfReach += worker->GetOutOfReach();
+    }
+    return outOfReach;
 }
 
 }  // namespace
@@ -99,32 +165,16 @@ void ThreadInterpolator_cls::ComputeRates(const Task& task) {
         }
         return;
     }
-    // Snapshots of one time, as a last snapshot and itself, are taken to be one time unit apart.
-    const float dt = task.dt == 0.0F ? 1.0F : task.dt;
-    const int matched = std::min(arrays.mCountA, arrays.mCountB);
-    const bool searched = task.variableNumber == DataLoader_cls::kVariable;
-    const bool sorted = task.variableNumber == DataLoader_cls::kSortByID;
-    const auto index = searched ? MakeIndex(arrays, matched) : nullptr;
-
-    WorkShares_cls shares(matched, GetWorkerNumber(arrays.mCountA),
-                          sorted ? WorkShares_cls::kWhole : kRateBlock);
-    std::vector<std::unique_ptr<ThreadInterpolatorBlock_cls>> workers;
-    for (int w = 0; w < shares.GetWorkers(); ++w) {
-        workers.push_back(std::make_unique<ThreadInterpolatorBlock_cls>());
-        workers.back()->SetParameters(arrays, shares, w, dt, task.variableNumber, task.periodic, index.get());
+    Finder finder;
+    if (task.variableNumber == DataLoader_cls::kVariable &&
+        IsIndexWorthwhile(arrays, std::min(arrays.mCountA, arrays.mCountB))) {
+        finder = MakeShuffled(arrays, GetMatcherNumber(arrays.mCountA));
+        if (!finder.shuffled) finder = MakeIndex(arrays);
     }
-    // Where no kernel is made for the settings, nothing but the velocity that was read may be left.
-    ClearWorkFrom(arrays, workers[0]->HasKernel() ? matched : 0);
-
-    // The last worker is this thread itself, so that a small snapshot costs no further thread.
-    for (size_t w = 0; w + 1 < workers.size(); ++w) {
-        if (!workers[w]->Start()) MsgBoxExit("Can't create thread", "Error!");
-    }
-    workers.back()->Entry();
-    int outOfReach = 0;
-    for (const auto& worker : workers) {
-        worker->Join();
-        outOfReach += worker->GetOutOfReach();
+    int outOfReach = RunWorkers(task, arrays, finder);
+    if (finder.shuffled && finder.shuffled->HasRepeats()) {
+        finder = MakeIndex(arrays);
+        outOfReach = RunWorkers(task, arrays, finder);
     }
     if (task.outOfReach) task.outOfReach->store(outOfReach, std::memory_order_relaxed);
 }

@@ -7,9 +7,6 @@
 
 namespace {
 
-constexpr std::array kHalfWidths = {10, 100, 1000, 10000};
-/// The search through all of B covers only this part of it: films made so far show it.
-constexpr int kFullSearchDivisor = 10;
 /// How many matches before its use a particle is fetched from memory.
 constexpr size_t kAhead = 12;
 /// Particles looked up together, so that the processor waits for many table entries at once.
@@ -93,7 +90,7 @@ void ThreadInterpolatorBlock_cls::StoreRange(int begin, int end) {
     for (int i = begin; i < end; ++i) StoreRates<WrapXY, WrapZ>(arrays, length, i, i, dt);
 }
 
-inline void ThreadInterpolatorBlock_cls::Prefetch(const RateArrays_cls& arrays, const Match& match) {
+inline void ThreadInterpolatorBlock_cls::Prefetch(const RateArrays_cls& arrays, const IDMatch_cls& match) {
     const auto a = static_cast<size_t>(match.i);
     const auto b = static_cast<size_t>(match.j);
     __builtin_prefetch(arrays.mPositionA + 3 * a);
@@ -105,7 +102,7 @@ inline void ThreadInterpolatorBlock_cls::Prefetch(const RateArrays_cls& arrays, 
 }
 
 template <class WrapXY, class WrapZ>
-void ThreadInterpolatorBlock_cls::StoreMatches(const Match* matches, size_t count) {
+void ThreadInterpolatorBlock_cls::StoreMatches(const IDMatch_cls* matches, size_t count) {
     const RateArrays_cls arrays = mArrays;
     const auto length = mPeriodic.length;
     const float dt = mDt;
@@ -178,7 +175,8 @@ void ThreadInterpolatorBlock_cls::InterpolateSameIndex(int begin, int end) {
 
 void ThreadInterpolatorBlock_cls::InterpolateDataLinearSearchingID(int begin, int end) {
     if (!mArrays.mIDA || !mArrays.mIDB) return StoreNoRates(begin, end);
-    std::array<Match, kLookUpBlock> matches{};
+    if (mMatcher) return InterpolateShuffled(begin, end);
+    std::array<IDMatch_cls, kLookUpBlock> matches{};
     for (int block = begin; block < end; block += kLookUpBlock) {
         const int count = std::min(kLookUpBlock, end - block);
         if (std::equal(mArrays.mIDA + block, mArrays.mIDA + block + count, mArrays.mIDB + block)) {
@@ -188,6 +186,19 @@ void ThreadInterpolatorBlock_cls::InterpolateDataLinearSearchingID(int begin, in
         StoreNoRates(block, block + count);
         const size_t found = FindMatches(block, count, matches.data());
         (this->*mKernel->matches)(matches.data(), found);
+    }
+}
+
+void ThreadInterpolatorBlock_cls::InterpolateShuffled(int begin, int end) {
+    auto matches = mMatcher->FindMatches(begin, end);
+    for (int block = begin; block < end; block += kLookUpBlock) {
+        // Few at a time, so that they are still in the cache when the rates of those found are stored.
+        const int blockEnd = std::min(block + kLookUpBlock, end);
+        StoreNoRates(block, blockEnd);
+        const auto next = std::ranges::lower_bound(matches, blockEnd, {}, &IDMatch_cls::i);
+        const auto count = static_cast<size_t>(next - matches.begin());
+        (this->*mKernel->matches)(matches.data(), count);
+        matches = matches.subspan(count);
     }
 }
 
@@ -204,7 +215,7 @@ void ThreadInterpolatorBlock_cls::InterpolateDataLinearSearchingIDSorted(int beg
     }
 }
 
-size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* matches) {
+size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, IDMatch_cls* matches) {
     size_t found = 0;
     if (!mIndex || !mIndex->IsUnique()) {
         for (int i = begin; i < begin + count; ++i) {
@@ -215,12 +226,11 @@ size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* mat
     }
     std::array<int32_t, kLookUpBlock> places{};
     mIndex->FindPlaces({mArrays.mIDA + begin, static_cast<size_t>(count)}, places.data());
-    const int tenth = mArrays.mCountB / kFullSearchDivisor;
+    const int tenth = SearchOrder_cls::GetFirstTenth(mArrays.mCountB);
     int there = 0;
     for (int k = 0; k < count; ++k) {
         const int j = places[static_cast<size_t>(k)] - 1;
-        const int distance = j - (begin + k);
-        const bool near = distance >= -kHalfWidths.back() && distance < kHalfWidths.back();
+        const bool near = SearchOrder_cls::IsNear(begin + k, j);
         // To the processor this is a matter of chance: it is computed, not branched on.
         matches[found] = {begin + k, j};
         found += static_cast<size_t>((near | (j < tenth)) & (j >= 0));
@@ -233,7 +243,7 @@ size_t ThreadInterpolatorBlock_cls::FindMatches(int begin, int count, Match* mat
 int ThreadInterpolatorBlock_cls::SearchID(int i) const {
     const int id = mArrays.mIDA[i];
     if (mArrays.mIDB[i] == id) return i;
-    for (const int halfWidth : kHalfWidths) {
+    for (const int halfWidth : SearchOrder_cls::kHalfWidths) {
         const int j = SearchIDNear(i, id, halfWidth);
         if (j >= 0) return j;
     }
@@ -246,7 +256,7 @@ int ThreadInterpolatorBlock_cls::SearchIDNear(int i, int id, int halfWidth) cons
 }
 
 int ThreadInterpolatorBlock_cls::SearchIDFull(int id) const {
-    return FindFirst(id, 0, mArrays.mCountB / kFullSearchDivisor);
+    return FindFirst(id, 0, SearchOrder_cls::GetFirstTenth(mArrays.mCountB));
 }
 
 int ThreadInterpolatorBlock_cls::FindFirst(int id, int begin, int end) const {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
+
 #include "interp/clsIDIndex.h"
 #include "interp/clsPeriodicBoundary.h"
 #include "interp/clsRateArrays.h"
+#include "interp/clsShuffledMatcher.h"
 #include "interp/clsWorkShares.h"
 #include "seam/clsJoinedThread.h"
 
@@ -12,13 +15,10 @@
 /// joinable thread, or on the caller's by calling Entry().
 /// Units: rates per time unit, of which dt lie between the snapshots.
 ///
-/// Matching by ID. The order of the search is part of what a film shows, duplicates of an ID included: the
-/// same index; then, with w = 10, 100, 1000 and 10000, the first hit from max(i - w, 0) upwards below
-/// min(i + w, countB); then the first hit in the first tenth of B. Every one of these tries asks for the
-/// smallest position of an ID between two bounds, and that is what IDIndex_cls::FindFirst() answers
-/// without scanning. So the answers are the scan's; only the cost differs. Where no ID of B repeats there
-/// is only one position to ask about, and the five tries come down to: it lies in the widest window, or in
-/// the first tenth.
+/// Matching by ID, in the order that SearchOrder_cls tells. Every one of its tries asks for the smallest
+/// position of an ID between two bounds, and that is what IDIndex_cls::FindFirst() answers without scanning;
+/// ShuffledMatcher_cls answers the same for large snapshots in which few particles are found at all. So the
+/// answers are the scan's; only the cost differs.
 class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
   public:
     ~ThreadInterpolatorBlock_cls() override { Join(); }
@@ -28,9 +28,11 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     void SetParameters(const RateArrays_cls& arrays, WorkShares_cls& shares, int worker, float dt,
                        unsigned int variableNumber, const PeriodicBoundary_cls::Rule& periodic,
                        const IDIndex_cls* index);
+    /// Hands over what finds the matches instead of an index; the blocks of the shares fit it.
+    void SetMatcher(std::unique_ptr<ShuffledMatcher_cls> matcher) { mMatcher = std::move(matcher); }
     ExitCode Entry() override;
     /// Particles whose ID is in B, where no search looks for it.
-    int GetOutOfReach() const { return mOutOfReach; }
+    int GetOutOfReach() const { return mMatcher ? mMatcher->GetOutOfReach() : mOutOfReach; }
     /// False for settings that no kernel is made for: the particles are then left as they are.
     bool HasKernel() const { return mKernel != nullptr; }
 
@@ -57,16 +59,12 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     int SearchIDFrom(int* cursor, int id) const;
 
   private:
-    struct Match {
-        int i;  ///< in A
-        int j;  ///< in B
-    };
     /// One rule of wrapping: for a particle, for a range of particles that have kept their index, for
     /// matches.
     struct Kernel {
         void (ThreadInterpolatorBlock_cls::*one)(int i, int j, float dt);
         void (ThreadInterpolatorBlock_cls::*range)(int begin, int end);
-        void (ThreadInterpolatorBlock_cls::*matches)(const Match* matches, size_t count);
+        void (ThreadInterpolatorBlock_cls::*matches)(const IDMatch_cls* matches, size_t count);
     };
 
     /// Null for settings that no kernel is made for.
@@ -76,17 +74,20 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     template <class WrapXY, class WrapZ>
     void StoreRange(int begin, int end);
     template <class WrapXY, class WrapZ>
-    void StoreMatches(const Match* matches, size_t count);
+    void StoreMatches(const IDMatch_cls* matches, size_t count);
     void StoreNoRates(int begin, int end);
     /// Particle i of A is particle i of B.
     void InterpolateSameIndex(int begin, int end);
 
+    /// By the matcher.
+    void InterpolateShuffled(int begin, int end);
+
     int FindFirst(int id, int begin, int end) const;
     int SearchID(int i) const;
     /// SearchID() for `count` particles; returns the number of those that are found.
-    size_t FindMatches(int begin, int count, Match* matches);
+    size_t FindMatches(int begin, int count, IDMatch_cls* matches);
     /// Has both particles fetched from memory ahead of time.
-    static void Prefetch(const RateArrays_cls& arrays, const Match& match);
+    static void Prefetch(const RateArrays_cls& arrays, const IDMatch_cls& match);
 
     RateArrays_cls mArrays;
     WorkShares_cls* mShares = nullptr;
@@ -96,5 +97,6 @@ class ThreadInterpolatorBlock_cls final : public JoinedThread_cls {
     unsigned int mVariableNumber = 0;
     PeriodicBoundary_cls::Rule mPeriodic;
     const IDIndex_cls* mIndex = nullptr;
+    std::unique_ptr<ShuffledMatcher_cls> mMatcher;
     const Kernel* mKernel = nullptr;
 };

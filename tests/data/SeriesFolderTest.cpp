@@ -105,13 +105,12 @@ std::string Step(int number, int particles, bool xyz) {
 }
 
 TEST_F(SeriesFolderTest, WhatAProjectNamesComesBack) {
-    using Content = SeriesFolder_cls::Content;
     mRun.Write("dump.0", "0");
     mRun.Write("dump.10", "1");
     mRun.Write("t.xyz", Step(1, 2, true) + Step(2, 3, true));
     for (const auto& [file, content, whole] :
-         {std::tuple("dump.0", Content::Links, std::string("01")),
-          std::tuple("t.xyz", Content::Steps, ReadWholeFile(mRun.File("t.xyz")))}) {
+         {std::tuple("dump.0", SeriesFolder_cls::Content::Links, std::string("01")),
+          std::tuple("t.xyz", SeriesFolder_cls::Content::Steps, ReadWholeFile(mRun.File("t.xyz")))}) {
         const wxString member = SeriesFolder_cls(mRun.File(file), content).GetMember(0);
         // The names that this user's projects have, and those of somebody with another cache.
         for (const wxString& name :
@@ -123,7 +122,8 @@ TEST_F(SeriesFolderTest, WhatAProjectNamesComesBack) {
         fs::remove(mRun.File(file));
         RecordingMessage_cls messages;
         EXPECT_EQ(SeriesRestore_cls::Restore(member), member);
-        EXPECT_EQ(messages.mSaid.empty(), content == Content::Steps) << "steps are whole without their file";
+        EXPECT_EQ(messages.mSaid.empty(), content == SeriesFolder_cls::Content::Steps)
+            << "steps are whole without their file";
         messages.mSaid.clear();
         fs::remove_all(mCache.Path() / "varnholt3");
         SeriesRestore_cls::Restore(member);

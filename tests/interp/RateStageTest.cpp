@@ -11,6 +11,7 @@
 #include "interp/clsThreadSnapInterpolate.h"
 #include "seam/clsClock.h"
 #include "support/RecordingSink.h"
+#include "support/ScanForID.h"
 
 namespace {
 
@@ -55,23 +56,6 @@ ThreadInterpolator_cls::Task MakeTask(Snapshot& a, const Snapshot& b) {
 }
 
 // The rules word by word
-
-int SearchByScanning(const IDs& b, int i, int id) {
-    const int countB = static_cast<int>(b.size());
-    const auto scan = [&](int from, int to) {
-        for (int j = from; j < to; ++j) {
-            if (b[static_cast<size_t>(j)] == id) return j;
-        }
-        return -1;
-    };
-    if (i < countB && b[static_cast<size_t>(i)] == id) return i;
-    for (const int w : {10, 100, 1000, 10000}) {
-        if (countB < i - w) continue;
-        const int j = scan(std::max(i - w, 0), std::min(i + w, countB));
-        if (j >= 0) return j;
-    }
-    return scan(0, countB / 10);
-}
 
 int SearchFrom(const IDs& b, size_t& c, int id) {
     if (c >= b.size()) return -1;
@@ -289,6 +273,22 @@ TEST(RateStageTest, LargeTablesAreFilledByTwoThreads) {
     RunAndExpect(task, a, b, 100);
     Draw(b.id, 1500000, 1, random);
     RunAndExpect(task, a, b, 100);
+}
+
+TEST(RateStageTest, LargeSnapshotsWhoseOrderIsLost) {
+    Random random(5);
+    Snapshot a(5000000, random);
+    Snapshot b(5000001, random);
+    auto task = MakeTask(a, b);
+    task.variableNumber = DataLoader_cls::kVariable;
+    std::shuffle(a.id.begin(), a.id.end(), random);
+    std::shuffle(b.id.begin(), b.id.end(), random);
+    RunAndExpect(task, a, b, 500);
+    // One ID twice near the particle that looks for it: the first counts.
+    b.id[4000007] = b.id[4000009] = a.id[4000000];
+    RunAndExpect(task, a, b, 500);
+    b.id[1] = b.id[2] = a.id[0];
+    RunAndExpect(task, a, b, 500);
 }
 
 // Rules, periodic boundaries, workers
