@@ -55,6 +55,12 @@ ThreadInterpolator_cls::Task MakeTask(Snapshot& a, const Snapshot& b) {
             .periodic = {.length = {10.0F, 8.0F, 6.0F}}};
 }
 
+ThreadInterpolator_cls::Task MakeSearch(Snapshot& a, const Snapshot& b) {
+    auto task = MakeTask(a, b);
+    task.variableNumber = DataLoader_cls::kVariable;
+    return task;
+}
+
 // The rules word by word
 
 int SearchFrom(const IDs& b, size_t& c, int id) {
@@ -183,8 +189,7 @@ TEST_P(MatchingTest, GivesWhatTheScanGives) {
     Snapshot a(arrangement.countA, random);
     Snapshot b(arrangement.countB, random);
     arrangement.arrange(a.id, b.id, random);
-    auto task = MakeTask(a, b);
-    task.variableNumber = DataLoader_cls::kVariable;
+    auto task = MakeSearch(a, b);
     RunAndExpect(task, a, b, arrangement.samples);
 }
 
@@ -251,10 +256,9 @@ TEST(RateStageTest, ParticlesOutOfReachAreCounted) {
     std::rotate(b.id.begin(), b.id.begin() + 15000,
                 b.id.end());  // the first half is now behind, out of reach
     b.id[29999] = -1;         // missing is not out of reach
-    auto task = MakeTask(a, b);
+    auto task = MakeSearch(a, b);
     std::atomic<int> outOfReach{-1};
     task.outOfReach = &outOfReach;
-    task.variableNumber = DataLoader_cls::kVariable;
     ThreadInterpolator_cls::ComputeRates(task);
     // Of the second half, now in front, only the first 3000 are found.
     EXPECT_EQ(outOfReach, 14999 + 12000);
@@ -267,8 +271,7 @@ TEST(RateStageTest, LargeTablesAreFilledByTwoThreads) {
     Random random(9);
     Snapshot a(2100000, random);
     Snapshot b(2100000, random);
-    auto task = MakeTask(a, b);
-    task.variableNumber = DataLoader_cls::kVariable;
+    auto task = MakeSearch(a, b);
     std::shuffle(a.id.begin(), a.id.end(), random);
     RunAndExpect(task, a, b, 100);
     Draw(b.id, 1500000, 1, random);
@@ -279,8 +282,7 @@ TEST(RateStageTest, LargeSnapshotsWhoseOrderIsLost) {
     Random random(5);
     Snapshot a(5000000, random);
     Snapshot b(5000001, random);
-    auto task = MakeTask(a, b);
-    task.variableNumber = DataLoader_cls::kVariable;
+    auto task = MakeSearch(a, b);
     std::shuffle(a.id.begin(), a.id.end(), random);
     std::shuffle(b.id.begin(), b.id.end(), random);
     RunAndExpect(task, a, b, 500);
