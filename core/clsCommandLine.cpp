@@ -3,6 +3,7 @@
 #include <getopt.h>
 
 #include "output/clsImageFile.h"
+#include "output/clsMovie.h"
 #include "output/clsPicture.h"
 #include "seam/clsProjectName.h"
 #include "seam/clsTextCoding.h"
@@ -21,6 +22,7 @@ enum Option : int {
     kFrames,
     kSize,
     kMovie,
+    kFps,
     kResume,
     kSet,
     kConfig,
@@ -42,6 +44,7 @@ const option kOptions[] = {{"info", no_argument, nullptr, kInfo},
                            {"frames", required_argument, nullptr, kFrames},
                            {"size", required_argument, nullptr, kSize},
                            {"movie", required_argument, nullptr, kMovie},
+                           {"fps", required_argument, nullptr, kFps},
                            {"resume", no_argument, nullptr, kResume},
                            {"set", required_argument, nullptr, kSet},
                            {"config", required_argument, nullptr, kConfig},
@@ -93,6 +96,7 @@ wxString FindConflict(const CommandLine_cls& line) {
     if (line.mAt && line.mAction != Action::Export) return "--at goes with --export";
     if ((line.mResume || !line.mMovie.empty()) && line.mAction != Action::Render)
         return "--movie and --resume go with --render";
+    if (line.mRate && line.mMovie.empty()) return "--fps goes with --movie";
     // It might write over the pictures.
     if (ImageFile_cls::IsKnownFormat(line.mMovie))
         return "--movie " + line.mMovie + ": that is the name of a picture";
@@ -177,6 +181,13 @@ std::optional<CommandLine_cls> CommandLine_cls::Parse(int argc, char** argv, wxS
                 if (value.empty()) return fail("--movie: the file's name is missing");
                 line.mMovie = value;
                 break;
+            case kFps:
+                line.mRate = 0;
+                if (!ParseNumber(value, &*line.mRate) || *line.mRate < 1 ||
+                    *line.mRate > Movie_cls::kHighestRate)
+                    return fail(wxString::Format("--fps %s: expected 1 to %d frames a second", value,
+                                                 Movie_cls::kHighestRate));
+                break;
             case kResume:
                 line.mResume = true;
                 break;
@@ -233,6 +244,7 @@ FILE is a project (.vhp) or the first file of a data series, for example snap000
                              the pattern is then the file's name as it stands
   --size WxH                 picture size; default 1280x720, with --pov what the project says
   --movie FILE               with --render: also make a film of the frames (needs ffmpeg)
+  --fps N                    with --movie: frames a second; default 30
   --resume                   with --render: keep the pictures that are complete
   --set KEY=VALUE            any line of a project file, applied after FILE; may be repeated
   --config PATH              another per-user configuration file

@@ -29,6 +29,7 @@ struct CommandLine_cls {
     std::optional<FrameSelection_cls> mFrames;
     std::optional<double> mAt;  ///< --export: this data position instead of frames
     wxString mMovie;            ///< --render: also this film; empty: none
+    std::optional<int> mRate;   ///< --movie: frames a second
     bool mResume = false;       ///< --render: keep pictures that are complete
     int mWidth = 1280;
     int mHeight = 720;

@@ -57,7 +57,9 @@ bool Film_cls::Open() {
         why = wxString::Format("OpenGL has no frame buffer of %d x %d pixels", mLine.mWidth, mLine.mHeight);
     }
     if (mBuffer && !mLine.mMovie.empty())
-        mMovie = Movie_cls::Start(mLine.mMovie, mLine.mWidth, mLine.mHeight, Interrupt_cls::IsRaised, &why);
+        mMovie =
+            Movie_cls::Start(mLine.mMovie, mLine.mWidth, mLine.mHeight,
+                             mLine.mRate.value_or(Movie_cls::kDefaultRate), Interrupt_cls::IsRaised, &why);
     const bool open = mBuffer && (mMovie || mLine.mMovie.empty());
     if (!open) PrintError(why);
     return open;

@@ -96,10 +96,11 @@ void ImgSequenceGUI_cls::AddNames() {
     mMovie->SetToolTip("Name of the film file (.mp4, .mkv, .webm, .mov or .avi); ffmpeg makes it");
     mFilm = new wxCheckBox(this, wxID_ANY, "Also make a film of the pictures");
     mFilm->SetToolTip("Hands every frame to ffmpeg as well");
-    mFilm->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { mMovie->Enable(mFilm->GetValue()); });
-    mMovie->Disable();
+    mFilm->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { ShowFilm(); });
     mGrid.AddControl("Film", *mFilm);
     mGrid.AddControl("", *mMovie);
+    mRate = &mGrid.AddNumber("Frames a second", "Pace of the film", mSequence.mRate);
+    ShowFilm();
 }
 
 void ImgSequenceGUI_cls::AddFrames() {
@@ -197,6 +198,11 @@ void ImgSequenceGUI_cls::ShowRange() {
     show(mStep, mSequence.mStep, choice != kThisFrame);
 }
 
+void ImgSequenceGUI_cls::ShowFilm() {
+    mMovie->Enable(mFilm->GetValue());
+    mRate->text->Enable(mFilm->GetValue());
+}
+
 void ImgSequenceGUI_cls::ShowSize(wxSize size) {
     mWidth->text->SetValue(wxString::Format("%d", size.x));
     mHeight->text->SetValue(wxString::Format("%d", size.y));
@@ -213,6 +219,7 @@ bool ImgSequenceGUI_cls::ReadEntries() {
     read(mFirst, 0, end, mSequence.mFirst);
     read(mLast, mSequence.mFirst, end, mSequence.mLast);
     read(mStep, 1, std::max(end, 1.0), mSequence.mStep);
+    if (mFilm->GetValue()) read(mRate, 1, Movie_cls::kHighestRate, mSequence.mRate);
     read(mWidth, 1, Picture_cls::kLargestSide, mSequence.mWidth);
     read(mHeight, 1, Picture_cls::kLargestSide, mSequence.mHeight);
     mSequence.mPattern = ImageFile_cls::WithEnding(mPattern->GetValue());

@@ -61,6 +61,7 @@ class ImgSequenceGUI_cls : public wxDialog {
     void PauseOrGoOn();
     void OnTick();
     void ShowState();
+    void ShowFilm();
     void ShowStatus(const wxString& text);
     wxString DescribeProgress() const;
     wxString DescribeEnd() const;
@@ -77,6 +78,7 @@ class ImgSequenceGUI_cls : public wxDialog {
     wxTextCtrl* mPattern = nullptr;
     wxCheckBox* mFilm = nullptr;
     wxTextCtrl* mMovie = nullptr;
+    EntryGrid_cls::Entry* mRate = nullptr;
     wxCheckBox* mKeep = nullptr;
     wxChoice* mRange = nullptr;
     EntryGrid_cls::Entry* mFirst = nullptr;

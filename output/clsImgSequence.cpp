@@ -43,7 +43,8 @@ std::vector<wxString> ImgSequence_cls::MakeArguments(const wxString& project,
                                        wxString::Format("%d:%d:%d", mFirst, mLast, mStep),
                                        "--size",
                                        wxString::Format("%dx%d", mWidth, mHeight)};
-    if (!mMovie.empty()) arguments.insert(arguments.end(), {"--movie", mMovie});
+    if (!mMovie.empty())
+        arguments.insert(arguments.end(), {"--movie", mMovie, "--fps", wxString::Format("%d", mRate)});
     if (mResume) arguments.push_back("--resume");
     // A project does not bring panels' settings back; pictures without a window are those of the first panel.
     for (wxStringTokenizer lines(panel.Serialize(), "\r\n"); lines.HasMoreTokens();) {

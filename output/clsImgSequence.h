@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "output/clsMovie.h"
+
 class PanelSettings_cls;
 
 /// What pictures of the scene are to be saved: which frames, how large, under which names. A picture is made
@@ -18,8 +20,9 @@ class ImgSequence_cls {
     int mStep = 1;
     int mWidth = 1280;
     int mHeight = 720;
-    wxString mMovie;       ///< also a film of this name; empty for none
-    bool mResume = false;  ///< pictures that are complete stay
+    wxString mMovie;                      ///< also a film of this name; empty for none
+    int mRate = Movie_cls::kDefaultRate;  ///< its frames a second
+    bool mResume = false;                 ///< pictures that are complete stay
 
     int GetFrames() const { return (mLast - mFirst) / mStep + 1; }
     /// Several frames need a number in their names: asks whether to append one. False when the answer is no,

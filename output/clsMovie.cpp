@@ -24,19 +24,20 @@ namespace {
 constexpr int kEncoderPeriodMs = 2;
 /// An encoder that is asked to end gets so long before it is forced to.
 constexpr int kGraceMs = 500;
-/// Like the pace of playback, and a rate that every player knows.
-constexpr const char* kFramesASecond = "30";
 
 /// What ffmpeg is told: raw frames on its input, and for the usual containers a codec that everybody can
 /// play. That wants even sides and a colour matrix that is named.
 std::vector<std::string> Arguments(const wxString& extension, const std::string& target, int width,
-                                   int height) {
-    std::vector<std::string> words = {
-        "ffmpeg",   "-hide_banner", "-loglevel", "error",
-        "-nostdin", "-y",           "-f",        "rawvideo",
-        "-pix_fmt", "rgb24",        "-s",        std::to_string(width) + "x" + std::to_string(height),
-        "-r",       kFramesASecond, "-i",        "pipe:0",
-        "-an"};
+                                   int height, int rate) {
+    std::vector<std::string> words = {"ffmpeg",    "-hide_banner",
+                                      "-loglevel", "error",
+                                      "-nostdin",  "-y",
+                                      "-f",        "rawvideo",
+                                      "-pix_fmt",  "rgb24",
+                                      "-s",        std::to_string(width) + "x" + std::to_string(height),
+                                      "-r",        std::to_string(rate),
+                                      "-i",        "pipe:0",
+                                      "-an"};
     if (extension == ".mp4" || extension == ".mov" || extension == ".mkv" || extension == ".m4v") {
         for (const char* word : {"-c:v", "libx264", "-crf", "17", "-pix_fmt", "yuv420p", "-vf",
                                  "pad=ceil(iw/2)*2:ceil(ih/2)*2,scale=out_color_matrix=bt709:out_range=tv",
@@ -49,7 +50,7 @@ std::vector<std::string> Arguments(const wxString& extension, const std::string&
 
 }  // namespace
 
-std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int height,
+std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int height, int rate,
                                             std::function<bool()> isGivenUp, wxString* why) {
     // A reader that has gone is told by write(), not by a signal that ends the program.
     std::signal(SIGPIPE, SIG_IGN);
@@ -61,7 +62,8 @@ std::unique_ptr<Movie_cls> Movie_cls::Start(const wxString& path, int width, int
         *why = path + ": " + FromBytes(std::strerror(errno));
         return nullptr;
     }
-    std::vector<std::string> words = Arguments(split.mExtension.Lower(), ToBytes(temporary), width, height);
+    std::vector<std::string> words =
+        Arguments(split.mExtension.Lower(), ToBytes(temporary), width, height, rate);
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);

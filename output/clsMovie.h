@@ -17,9 +17,13 @@ class ThreadWriteMovie_cls;
 /// Threads: GUI thread. Destroyed before Finish(), or given up while ffmpeg is awaited, nothing stays of it.
 class Movie_cls {
   public:
+    /// Frames a second. The default is the pace of playback, which every player knows.
+    static constexpr int kDefaultRate = 30;
+    static constexpr int kHighestRate = 240;
+
     /// Null, and why, when ffmpeg cannot be started. `isGivenUp` is asked whenever ffmpeg is awaited, which
     /// may stand still: true ends it.
-    static std::unique_ptr<Movie_cls> Start(const wxString& path, int width, int height,
+    static std::unique_ptr<Movie_cls> Start(const wxString& path, int width, int height, int rate,
                                             std::function<bool()> isGivenUp, wxString* why);
     ~Movie_cls();
     Movie_cls(const Movie_cls&) = delete;

@@ -93,6 +93,9 @@ TEST_F(BadInputTest, EachFaultIsOneClearLineWithTheFigures) {
         {{"--export", "", "good0000.dat"}, 2, {"--export"}},
         {{"--export", "out.txt", "good0000.dat", "--at", "1e8"}, 2, {"--at 1e+08", "snapshot 0"}},
         {{"--render", "out.png", "good0000.dat", "--movie", "out.png"}, 2, {"--movie out.png"}},
+        {{"--render", "out.png", "good0000.dat", "--movie", "f.mp4", "--fps", "0"},
+         2,
+         {"--fps 0", "1 to 240"}},
         {{"--info", "gone.vhp"}, 1, {"Read Configure Failsgone.vhp"}},
         {{"--save", "no/such/folder/a.vhp", "good0000.dat"}, 1, {"no/such/folder/a.vhp"}},
     };

@@ -116,9 +116,9 @@ TEST(FilmGLTest, TheMovieHoldsEveryFrameAndItsFaultsAreTold) {
     const TempFolder_cls folder;
     WriteSeries(folder, 3);
     const auto render = [&](const std::string& movie, const std::vector<std::string>& environment) {
-        return RunProgram(
-            {"--no-config", "--render", "p%01d.png", "s0000.dat", "--size", "65x49", "--movie", movie},
-            folder.Path(), environment);
+        return RunProgram({"--no-config", "--render", "p%01d.png", "s0000.dat", "--size", "65x49", "--movie",
+                           movie, "--fps", "25"},
+                          folder.Path(), environment);
     };
     const auto missing = render("f.mp4", {"PATH=/nowhere"});
     EXPECT_EQ(missing.status, 1);
@@ -130,10 +130,10 @@ TEST(FilmGLTest, TheMovieHoldsEveryFrameAndItsFaultsAreTold) {
     const auto made = render("f.mp4", {});
     EXPECT_EQ(made.status, 0) << made.err;
     const std::string count =
-        "ffprobe -v error -count_frames -show_entries stream=nb_read_frames -of csv=p=0 " +
+        "ffprobe -v error -count_frames -show_entries stream=r_frame_rate,nb_read_frames -of csv=p=0 " +
         folder.File("f.mp4") + " >" + folder.File("count");
     ASSERT_EQ(std::system(count.c_str()), 0);
-    EXPECT_EQ(ReadWholeFile(folder.File("count")), "3\n");
+    EXPECT_EQ(ReadWholeFile(folder.File("count")), "25/1,3\n");
 }
 
 TEST(FilmGLTest, MotionBlurSpreadsWhatMovesOverItsWay) {
