@@ -50,6 +50,7 @@ TimelineCanvas_cls::TimelineCanvas_cls(wxWindow* parent, TimelineModel_cls& mode
     Bind(wxEVT_LEFT_DCLICK, &TimelineCanvas_cls::OnDoubleClick, this);
     Bind(wxEVT_MIDDLE_DOWN, &TimelineCanvas_cls::OnMiddleDown, this);
     Bind(wxEVT_MOTION, &TimelineCanvas_cls::OnMotion, this);
+    Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { mHover = wxDefaultPosition; });
     Bind(wxEVT_LEFT_UP, &TimelineCanvas_cls::OnUp, this);
     Bind(wxEVT_MIDDLE_UP, &TimelineCanvas_cls::OnUp, this);
     Bind(wxEVT_MOUSEWHEEL, &TimelineCanvas_cls::OnWheel, this);
@@ -71,10 +72,9 @@ void TimelineCanvas_cls::RefreshAll() {
     Prepare();
     UpdateScrollbar();
     if (mView.IsShowingCurves() && mGesture != Gesture::CurveKeys) mView.mCurves.FitValues();
-    // What lies under the mouse may have gone or come.
-    const wxPoint mouse = ScreenToClient(wxGetMousePosition());
-    if (mGesture == Gesture::None && GetClientRect().Contains(mouse)) ShowHover(mouse);
     Refresh();
+    // What lies under the mouse may have gone or come.
+    if (mGesture == Gesture::None && mHover != wxDefaultPosition) ShowHover(mHover);
 }
 
 void TimelineCanvas_cls::RefreshCursor() {
@@ -267,6 +267,7 @@ void TimelineCanvas_cls::OnDoubleClick(wxMouseEvent& event) {
 void TimelineCanvas_cls::OnMotion(wxMouseEvent& event) {
     const wxPoint place = event.GetPosition();
     if (mGesture == Gesture::None) {
+        mHover = place;
         ShowHover(place);
         return;
     }

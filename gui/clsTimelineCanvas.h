@@ -71,7 +71,8 @@ class TimelineCanvas_cls : public wxWindow {
     Gesture mGesture = Gesture::None;
     wxPoint mPressed;
     wxPoint mLast;
-    bool mMoved = false;  ///< the mouse has left the place where it was pressed
+    wxPoint mHover = wxDefaultPosition;  ///< where the mouse is, when it is over the canvas
+    bool mMoved = false;                 ///< the mouse has left the place where it was pressed
     double mPressedTime = 0.0;
     double mGrabbedTime = 0.0;  ///< of the key under the mouse
     int mCursorX = 0;           ///< where the current frame was drawn last
