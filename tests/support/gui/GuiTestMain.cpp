@@ -12,6 +12,15 @@
 #include "seam/clsTextCoding.h"
 #include "support/gui/Desktop.h"
 
+namespace {
+
+/// What the toolkit complains about is a fault of whoever called it; a user would see it in the terminal.
+class FailingLog_cls final : public wxLogStderr {
+    void DoLogText(const wxString& text) override { ADD_FAILURE() << ToBytes(text); }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     // Nothing is shown while tests are only named.
@@ -31,7 +40,7 @@ int main(int argc, char** argv) {
     wxApp::SetInstance(new wxApp);
     int noArguments = 0;
     if (!wxEntryStart(noArguments, static_cast<char**>(nullptr)) || !wxTheApp->CallOnInit()) return 1;
-    wxLog::SetActiveTarget(new wxLogStderr);
+    wxLog::SetActiveTarget(new FailingLog_cls);
     ImageFile_cls::InitHandlers();
     wxTheApp->SetExitOnFrameDelete(false);
     int status = 1;
