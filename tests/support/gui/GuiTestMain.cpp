@@ -16,7 +16,7 @@ namespace {
 
 /// What the toolkit complains about is a fault of whoever called it; a user would see it in the terminal.
 class FailingLog_cls final : public wxLogStderr {
-    void DoLogText(const wxString& text) override { ADD_FAILURE() << ToBytes(text); }
+    void DoLogTextAtLevel(wxLogLevel, const wxString& text) override { ADD_FAILURE() << ToBytes(text); }
 };
 
 }  // namespace
