@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "data/clsTypeWord.h"
+
 namespace {
 
 constexpr float kNotANumber = std::numeric_limits<float>::quiet_NaN();
@@ -62,7 +64,7 @@ bool AsciiReader_cls::ReadRecord(TextCursor_cls* line, size_t particle,
                 if (target.mID) target.mID[particle] = number;
                 break;
             case GrammerBase_cls::kType:
-                good &= ReadInteger(line, &number);
+                good &= TypeWord_cls::Read(line, &number);
                 target.mType[particle] = ParticleTarget_cls::ClampType(number);
                 break;
             default:

@@ -23,6 +23,7 @@ constexpr std::array<std::array<const char*, 3>, 3> kVelocities = {
 constexpr std::array kRadii = {"radius", "r", "softening", "eps", "hsml"};
 constexpr std::array kIDs = {"id", "ids", "particleid"};
 constexpr std::array kTypes = {"type"};
+constexpr std::array kElements = {"element", "species"};
 constexpr std::array kValues = {"value1", "value", "density", "rho", "temperature", "temp"};
 /// Not worth a colour, or words: never taken as value1 unasked.
 constexpr std::array kNoValues = {"index", "element", "mol", "proc", "procp1", "ix",     "iy", "iz",
@@ -107,7 +108,9 @@ std::vector<int> CodesOfColumns(const std::vector<std::string>& names) {
     MarkTriple(lower, kVelocities, Grammer::kVelocity, &codes);
     MarkFirst(lower, Grammer::kRadius, &codes, [](const auto& name) { return IsOneOf(name, kRadii); });
     MarkFirst(lower, Grammer::kID, &codes, [](const auto& name) { return IsOneOf(name, kIDs); });
-    MarkFirst(lower, Grammer::kType, &codes, [](const auto& name) { return IsOneOf(name, kTypes); });
+    // The names of elements tell types, too.
+    if (!MarkFirst(lower, Grammer::kType, &codes, [](const auto& name) { return IsOneOf(name, kTypes); }))
+        MarkFirst(lower, Grammer::kType, &codes, [](const auto& name) { return IsOneOf(name, kElements); });
     // A simulation's computed values bear these prefixes.
     const auto isComputed = [](const auto& name) {
         return IsOneOf(name, kValues) || name.starts_with("c_") || name.starts_with("v_") ||

@@ -32,7 +32,7 @@ const std::vector<LoadPreset_cls>& LoadPreset_cls::GetKnown() {
         {"Columns x y z", true, {}, {0}},
         {"Columns x y z value", true, {}, {0, 8}},
         {"Columns x y z vx vy vz", true, {}, {0, 1}},
-        {"XYZ", true, {1, 2}, {2, 0}},
+        {"XYZ", true, {1, 2}, {7, 0}},
         {"LAMMPS dump: id type x y z",
          true,
          {2, 0, 2, 1, 2, 2, 2, 2, 2},

@@ -8,6 +8,7 @@
 #include "data/clsParticleTarget.h"
 #include "data/clsSnapshotHeader.h"
 #include "data/clsTextCursor.h"
+#include "data/clsTypeWord.h"
 #include "seam/clsTextCoding.h"
 
 namespace {
@@ -37,10 +38,10 @@ std::vector<Cell> DecodeRecord(TextCursor_cls* line, const GrammerBase_cls& gram
                     cell.good = line->ReadInteger(&whole);
                     break;
                 case GrammerBase_cls::kType:
-                    cell.good = line->ReadInteger(&whole);
-                    if (cell.good && ParticleTarget_cls::ClampType(whole) != whole)
-                        cell.text =
-                            wxString::Format("%d (from %d)", ParticleTarget_cls::ClampType(whole), whole);
+                    cell.good = TypeWord_cls::Read(line, &whole);
+                    whole = ParticleTarget_cls::ClampType(whole);
+                    if (cell.good && cell.text != wxString::Format("%d", whole))
+                        cell.text = wxString::Format("%d (from %s)", whole, cell.text);
                     break;
                 case GrammerBase_cls::kDummy:
                 case GrammerBase_cls::kDummy3:

@@ -49,21 +49,18 @@ std::vector<std::string> ColumnsOf(std::string_view properties) {
         } else {
             // Only single numbers can be a particle's value.
             const bool isValue = parts[i + 1] == "R" && count == 1;
-            columns.insert(columns.end(), std::min(count, 100U), isValue || name == "id" ? name : "index");
+            const bool isKnown = isValue || name == "id" || name == "type" || name == "species";
+            columns.insert(columns.end(), std::min(count, 100U), isKnown ? name : "index");
         }
     }
     return columns;
 }
 
-std::vector<int> BodyOf(std::string_view comment, std::string_view record) {
+std::vector<int> BodyOf(std::string_view comment) {
     const std::string_view properties = ValueOf(comment, "Properties=");
     std::vector<int> body = CodesOfColumns(ColumnsOf(properties));
     if (!body.empty()) return body;
-    // Elements are words, or the numbers of the types.
-    TextCursor_cls cursor(record);
-    int32_t type = 0;
-    const bool isNumber = cursor.ReadInteger(&type);
-    return {isNumber ? GrammerBase_cls::kType : GrammerBase_cls::kDummy, GrammerBase_cls::kXYZ};
+    return {GrammerBase_cls::kType, GrammerBase_cls::kXYZ};
 }
 
 std::optional<LoadPreset_cls::Box> BoxOf(std::string_view comment) {
@@ -106,7 +103,7 @@ std::optional<FileKind_cls> RecogniseXyz(const FileStart_cls& start) {
         .mPreset = LoadPreset_cls{.mName = "XYZ",
                                   .mText = true,
                                   .mHead = {GrammerBase_cls::kNumber, GrammerBase_cls::kHeadDummy},
-                                  .mBody = BodyOf(comment, record),
+                                  .mBody = BodyOf(comment),
                                   .mBox = BoxOf(comment)}};
     if (std::ranges::find(kind.mPreset->mBody, GrammerBase_cls::kID) != kind.mPreset->mBody.end())
         kind.mPreset->mVariableNumber = DataLoader_cls::kVariable;

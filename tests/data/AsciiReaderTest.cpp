@@ -66,6 +66,20 @@ TEST(AsciiReaderTest, LinesAreRecordsOrNotAndNoRecordIsDropped) {
     }
 }
 
+TEST(AsciiReaderTest, ElementsAreTypesToo) {
+    DataLoader_cls loader;
+    loader.ReadStrLine("DataLoadGrammerBody=7 0");
+    const std::vector<const char*> words = {"H",  "C",   "N",     "O",  "Cu", "ZR",
+                                            "og", "C12", "Water", "Xx", "?",  "2"};
+    std::string text;
+    for (const char* word : words) text += std::string(word) + " 1 2 3\n";
+    TargetArrays_cls arrays(static_cast<int>(words.size()) + 1);
+    // A line that ends with a name ends the text, too.
+    const auto report = AsciiReader_cls(loader).Read(text + "N", 0, arrays.Target());
+    EXPECT_EQ(report.mBadRecords, 2) << "the question mark, and the last without a place";
+    EXPECT_EQ(arrays.mType, (std::vector<uint8_t>{1, 2, 3, 0, 1, 0, 2, 2, 0, 0, 0, 2, 3}));
+}
+
 TEST(AsciiReaderTest, AllColumnsGoToTheirArraysAndTypesAreLimited) {
     DataLoader_cls loader;
     loader.ReadStrLine("DataLoadGrammerBody=8 7 1 2 5 0 6");
