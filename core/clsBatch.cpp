@@ -12,6 +12,7 @@
 #include "core/clsPovJob.h"
 #include "core/clsProgress.h"
 #include "data/clsLayoutHint.h"
+#include "data/clsSeriesRestore.h"
 #include "interp/clsSnapData.h"
 #include "output/clsStateFile.h"
 #include "render/clsFirstLook.h"
@@ -31,6 +32,9 @@ Batch_cls::Batch_cls(CommandLine_cls line, const wxString& programFolder)
 
 int Batch_cls::Run() {
     Interrupt_cls::Install();
+    SeriesRestore_cls::SetProgress([](const wxString&) -> StepSplitter_cls::Progress {
+        return [](uint64_t, uint64_t) { return !Interrupt_cls::IsRaised(); };
+    });
     const int prepared = Prepare();
     if (prepared != kDone) return prepared;
     switch (mLine.mAction) {
@@ -50,7 +54,9 @@ int Batch_cls::Run() {
 int Batch_cls::Prepare() {
     if (!mMain.ReadConfiguration(mLine.mConfig)) return kFailed;
     if (IsProject()) {
-        if (!mProject.OpenProject(mLine.mFile)) return kFailed;
+        const bool opened = mProject.OpenProject(mLine.mFile);
+        if (Interrupt_cls::IsRaised()) return kInterrupted;
+        if (!opened) return kFailed;
         if (mProject.GetKnownLines() == 0) {
             PrintError(mLine.mFile + " is no project");
             return kFailed;
