@@ -179,7 +179,9 @@ SettingsPage_cls* DataLoaderGUI_cls::MakeSettings() {
         _("Periodic box"),
         _("Takes the periodic box that the file tells: particles that leave it on one side do not "
           "fly through it"),
-        BindDraft<bool>(mDraft.mUseBox));
+        // Where the file tells none the wish stays, for the next file.
+        {[this] { return mDraft.mUseBox && mDraft.GetBox().has_value(); },
+         [this](bool use) { mDraft.mUseBox = use; }});
     AddTransforms(*page);
     page->SetMinSize(wxSize(std::max(FromDIP(kSettingsWidth), page->GetBestSize().x), -1));
     return page;
