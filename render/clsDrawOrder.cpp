@@ -24,7 +24,7 @@ std::span<ArrayAndIndex_cls> DrawOrder_cls::ZSortAtFBO0(int count, int step, con
             const auto mode =
                 view.mIsOrthographic ? ZSort_cls::Mode::kProjection : ZSort_cls::Mode::kFarFirst;
             entries = CheckRegions(ZSort_cls::ZSortPrepare(mEntries.Get(), count, step, positions,
-                                                           view.mCamera, view.mDirection, mode));
+                                                           view.mCamera, view.mDirection, mode, view.mUnit));
             mZSort.Sort(mEntries, entries);
             break;
         }
@@ -32,7 +32,7 @@ std::span<ArrayAndIndex_cls> DrawOrder_cls::ZSortAtFBO0(int count, int step, con
             // Up to the next multiple of the step, so that the last thinned particle is one of them.
             const long long whole = (static_cast<long long>(count) + step - 1) / step * step;
             entries = ZSort_cls::ZSortPrepare(mEntries.Get(), whole, step, positions, view.mCamera,
-                                              view.mDirection, ZSort_cls::Mode::kNearFirst);
+                                              view.mDirection, ZSort_cls::Mode::kNearFirst, view.mUnit);
             mZSort.Sort(mEntries, entries);
             break;
         }

@@ -18,6 +18,7 @@ class DrawOrder_cls {
         std::array<double, 3> mCamera{};
         std::array<double, 3> mDirection{};
         bool mIsOrthographic = false;  ///< the view's projection flag
+        float mUnit = 1.0F;            ///< DrawView_cls::unit
     };
     /// Moves the entries that are to be drawn to the front and returns their number.
     using RegionCheck = std::function<size_t(std::span<ArrayAndIndex_cls>)>;

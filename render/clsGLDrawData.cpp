@@ -28,8 +28,10 @@ class SavedGL {
     SavedGL() {
         glPushAttrib(GL_ALL_ATTRIB_BITS);
         glPushClientAttrib(GL_CLIENT_ALL_ATTRIB_BITS);
-        glMatrixMode(GL_MODELVIEW);
-        glPushMatrix();
+        for (const GLenum stack : {GL_PROJECTION, GL_MODELVIEW}) {
+            glMatrixMode(stack);
+            glPushMatrix();
+        }
         // Whatever the view left on: particles are drawn plainly.
         for (const GLenum what : {GL_ALPHA_TEST, GL_CULL_FACE, GL_LIGHTING, GL_COLOR_MATERIAL,
                                   GL_POINT_SMOOTH, GL_TEXTURE_2D, GL_NORMALIZE})
@@ -41,8 +43,10 @@ class SavedGL {
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
     }
     ~SavedGL() {
-        glMatrixMode(GL_MODELVIEW);
-        glPopMatrix();
+        for (const GLenum stack : {GL_PROJECTION, GL_MODELVIEW}) {
+            glMatrixMode(stack);
+            glPopMatrix();
+        }
         glPopClientAttrib();
         glPopAttrib();
     }
@@ -94,10 +98,11 @@ void GLDrawData_cls::GLDraw(int, const SnapData_cls& state, const DrawAttributes
     msAbort.store(false, std::memory_order_relaxed);
     msPercentage.store(0, std::memory_order_relaxed);
     if (state.GetCount() > 0) {
+        const DrawView_cls view = DrawView_cls::FromGL(mView.mCamera, state);
+        mView.mUnit = view.unit;
         const auto order = mOrder.ZSortAtFBO0(state.GetCount(), GetStep(mCoarseness), state.GetPosition(),
                                               mOption.mSortOrder.mValue, mView);
         const SavedGL saved;
-        const DrawView_cls view = DrawView_cls::FromGL(mView.mCamera, state);
         LoadLights(view, 0);
         view.LoadOnGL();
         ShaderCtrl_cls::Get().SetShaderParamCartoonBoldness(mShared.mCartoonBoldness.mValue);

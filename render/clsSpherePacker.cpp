@@ -48,7 +48,7 @@ std::array<float, 4> SphereRule_cls::GetMaterial(size_t which, size_t particle) 
 SpherePacker_cls::Shape SpherePacker_cls::Pack(size_t particle, const SphereRule_cls& rule, float alpha,
                                                float lit, Sphere_cls* sphere) const {
     const auto p = mView.Relative(mState.GetPosition() + 3 * particle);
-    const float radius = rule.GetRadius(mState.GetRadius()[particle]);
+    const float radius = rule.GetRadius(mState.GetRadius()[particle]) * mView.unit;
     const bool hasPlace = std::abs(p[0] + p[1] + p[2]) <= std::numeric_limits<float>::max();
     if (!hasPlace || !(radius > 0.0F)) return Shape::Hidden;
     sphere->sphere = {p[0], p[1], p[2], std::min(radius, kLargestRadius)};

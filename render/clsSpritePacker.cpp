@@ -63,8 +63,8 @@ SpritePacker_cls::Shape SpritePacker_cls::Pack(size_t particle, const SpriteRule
         sprite->size = -rule.pixelSize;
         return Classify(*sprite);
     }
-    if (!(radius > 0.0F)) return Shape::Hidden;
-    sprite->size = std::min(radius, kLargestSpriteRadius);
+    if (!(radius * mView.unit > 0.0F)) return Shape::Hidden;
+    sprite->size = std::min(radius * mView.unit, kLargestSpriteRadius);
     return Classify(*sprite);
 }
 

@@ -13,10 +13,10 @@ void ThreadSortPrepare_cls::Fill(const Key& key) const {
 void ThreadSortPrepare_cls::Work() {
     const auto [cx, cy, cz] = mTask.camera;
     const auto [dx, dy, dz] = mTask.direction;
-    const auto squaredDistance = [cx, cy, cz](const float* p) {
-        const float x = p[0] - cx;
-        const float y = p[1] - cy;
-        const float z = p[2] - cz;
+    const auto squaredDistance = [cx, cy, cz, unit = mTask.unit](const float* p) {
+        const float x = (p[0] - cx) * unit;
+        const float y = (p[1] - cy) * unit;
+        const float z = (p[2] - cz) * unit;
         return x * x + y * y + z * z;
     };
     switch (mTask.mode) {

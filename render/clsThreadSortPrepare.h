@@ -11,8 +11,8 @@ class ThreadSortPrepare_cls final : public SortThread_cls {
   public:
     enum Mode {
         kProjection = 0,  ///< minus the projection on the view direction
-        kFarFirst = 1,    ///< minus the squared distance from the camera
-        kNearFirst = 2    ///< the squared distance from the camera
+        kFarFirst = 1,    ///< minus the squared distance from the camera, in units
+        kNearFirst = 2    ///< the squared distance from the camera, in units
     };
     struct Task {
         ArrayAndIndex_cls* entries;  ///< of all particles: particle i's is at i / step
@@ -23,6 +23,7 @@ class ThreadSortPrepare_cls final : public SortThread_cls {
         std::array<float, 3> camera;
         std::array<float, 3> direction;
         Mode mode;
+        float unit;  ///< lengths are multiplied by it before they are squared
     };
 
     explicit ThreadSortPrepare_cls(const Task& task) : mTask(task) {}

@@ -17,7 +17,7 @@ std::array<float, 3> ToFloat(const std::array<double, 3>& v) {
 
 size_t ZSort_cls::ZSortPrepare(ArrayAndIndex_cls* entries, long long count, int step, const float* positions,
                                const std::array<double, 3>& camera, const std::array<double, 3>& direction,
-                               Mode mode) {
+                               Mode mode, float unit) {
     const auto quarter = [&](int k) {
         const auto bound = [&](long long at) { return at * count / 4 / step * step; };
         return ThreadSortPrepare_cls({.entries = entries,
@@ -27,7 +27,8 @@ size_t ZSort_cls::ZSortPrepare(ArrayAndIndex_cls* entries, long long count, int 
                                       .step = step,
                                       .camera = ToFloat(camera),
                                       .direction = ToFloat(direction),
-                                      .mode = mode});
+                                      .mode = mode,
+                                      .unit = unit});
     };
     ThreadSortPrepare_cls a = quarter(0);
     ThreadSortPrepare_cls b = quarter(1);

@@ -25,10 +25,11 @@ class ZSort_cls {
     static const Preference_cls* mspCPreferenceLink;
 
     /// Entries of the particles 0, step, 2 step, ... with their keys and an alpha multiplier of 1; returns
-    /// their number, count / step: a last particle beyond a multiple of the step is left out.
+    /// their number, count / step: a last particle beyond a multiple of the step is left out. The unit is
+    /// DrawView_cls::unit.
     static size_t ZSortPrepare(ArrayAndIndex_cls* entries, long long count, int step, const float* positions,
                                const std::array<double, 3>& camera, const std::array<double, 3>& direction,
-                               Mode mode);
+                               Mode mode, float unit = 1.0F);
 
     /// Sorts the first `count` entries ascending by key, on this thread or by four. The array may change its
     /// memory for that of the scratch.

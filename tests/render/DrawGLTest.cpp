@@ -315,6 +315,27 @@ TEST(DrawBoundsGLTest, DataFarFromTheOriginKeepTheirDigits) {
     EXPECT_LT(PictureDifference_cls::Of(here, stage.Draw()).mean, 0.1);
 }
 
+TEST(DrawBoundsGLTest, LengthsOfAnySizeGiveTheSamePicture) {
+    for (const char* type : {"DrawType=0", "DrawType=1", "DrawType=2", "DrawType=3"}) {
+        for (const char* quality : {"DrawQuality=0", "DrawQuality=3"}) {
+            for (const bool orthographic : {false, true}) {
+                DrawStage_cls stage;
+                stage.SetOrthographic(orthographic);
+                stage.SetAll(type);
+                stage.SetAll(quality);
+                stage.AddCloud(200, 0.2F);
+                const Picture usual = stage.Draw();
+                // Metres of a virus, centimetres of a galaxy and of the universe.
+                for (const int power : {-73, 40, 73, 100}) {
+                    stage.SetScale(std::ldexp(1.0, power));
+                    EXPECT_EQ(PictureDifference_cls::Of(usual, stage.Draw()).largest, 0)
+                        << type << " " << quality << " " << orthographic << " 2^" << power;
+                }
+            }
+        }
+    }
+}
+
 TEST(DrawBoundsGLTest, AnAbortedDrawStopsAndTheNextIsWhole) {
     class FastClock : public FakeClock_cls {
       public:

@@ -58,7 +58,11 @@ void DrawStage_cls::SetAll(const std::string& line) {
 
 const SnapData_cls& DrawStage_cls::MakeState() {
     mMoved = mPosition;
-    for (size_t i = 0; i < mMoved.size(); ++i) mMoved[i] += static_cast<float>(mPlace[i % 3]);
+    const auto scale = static_cast<float>(mScale);
+    for (size_t i = 0; i < mMoved.size(); ++i)
+        mMoved[i] = mMoved[i] * scale + static_cast<float>(mPlace[i % 3]);
+    mScaledRadius = mRadius;
+    for (float& radius : mScaledRadius) radius *= scale;
     const std::vector<float> none(mPosition.size());
     SnapAttributes_cls attributes;
     for (size_t i = 0; i < attributes.size(); ++i) attributes[i] = mAttributes[i]->GetSnapAttribute();
@@ -66,7 +70,7 @@ const SnapData_cls& DrawStage_cls::MakeState() {
                   .count = static_cast<int>(mRadius.size()),
                   .position = mMoved.data(),
                   .velocity = none.data(),
-                  .radius = mRadius.data(),
+                  .radius = mScaledRadius.data(),
                   .radiusWork = none.data(),
                   .value1 = mValue.data(),
                   .value1Work = none.data(),
@@ -81,13 +85,14 @@ void DrawStage_cls::Prepare() {
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     if (mIsOrthographic) {
-        glOrtho(-2.0, 2.0, -2.0, 2.0, -100.0, 100.0);
+        glOrtho(-2.0 * mScale, 2.0 * mScale, -2.0 * mScale, 2.0 * mScale, -100.0 * mScale, 100.0 * mScale);
     } else {
-        gluPerspective(50.0, 1.0, 0.1, 100.0);
+        gluPerspective(50.0, 1.0, 0.1 * mScale, 100.0 * mScale);
     }
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
-    glTranslated(-mPlace[0], -mPlace[1], -mPlace[2] - 5.0);
+    const Vector3 camera = GetCamera();
+    glTranslated(-camera[0], -camera[1], -camera[2]);
     glDepthMask(GL_TRUE);
     glClearColor(0.0F, 0.0F, 0.2F, 1.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);

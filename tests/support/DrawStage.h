@@ -33,6 +33,8 @@ class DrawStage_cls {
     void SetAll(const std::string& line);
     /// Data and camera moved together.
     void SetPlace(const Vector3& place) { mPlace = place; }
+    /// All lengths, the camera's distance too; a power of two.
+    void SetScale(double scale) { mScale = scale; }
     void SetOrthographic(bool orthographic) { mIsOrthographic = orthographic; }
 
     const SnapData_cls& MakeState();
@@ -50,14 +52,15 @@ class DrawStage_cls {
     std::unique_ptr<OffscreenContext_cls> mContext;
     std::unique_ptr<GLDrawData_cls> mDraw;
 
-    Vector3 GetCamera() const { return {mPlace[0], mPlace[1], mPlace[2] + 5.0}; }
+    Vector3 GetCamera() const { return {mPlace[0], mPlace[1], mPlace[2] + 5.0 * mScale}; }
 
   private:
     std::unique_ptr<OffscreenBuffer_cls> mBuffer;
     std::vector<std::unique_ptr<GLAttribute_cls>> mOwned;
     SnapData_cls mState;
-    std::vector<float> mMoved;
+    std::vector<float> mMoved, mScaledRadius;
     Vector3 mPlace{};
+    double mScale = 1.0;
     bool mIsOrthographic = false;
 };
 
