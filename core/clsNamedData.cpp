@@ -54,7 +54,12 @@ std::optional<wxString> PrepareNamedData(const wxString& file, const std::vector
     LoadDraft_cls draft(loader);
     draft.SetFileOnly(file);
     if (!draft.IsFileGood()) return file;
-    if (!IsLayoutGiven(settings) && !draft.GetPreview().mMisfit.empty() && IsSure(draft.GetKind(), loader)) {
+    const bool isLayoutOpen = !IsLayoutGiven(settings) && !draft.GetPreview().mMisfit.empty();
+    if (isLayoutOpen && draft.GetKind().mCannotBeRead) {
+        PrintError(file + ": " + draft.GetKind().mWords);
+        return std::nullopt;
+    }
+    if (isLayoutOpen && IsSure(draft.GetKind(), loader)) {
         draft.SetFile(file);
         PrintError(file + ": note: read as " + draft.GetWords());
         loader.CopyFrom(draft.GetLoader());

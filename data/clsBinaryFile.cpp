@@ -84,6 +84,7 @@ std::optional<FileKind_cls> Tipsy(const FileStart_cls& start, const Numbers& num
         .mKind = FileKind_cls::kTipsy, .mWords = words + " particles", .mPreset = std::nullopt};
     if (kindsThere > 1) {
         result.mWords += "; files of several kinds of particles cannot be read";
+        result.mCannotBeRead = true;
         return result;
     }
     std::vector<int> head = {2, 2, 1, 2, 2, 2, 2};
@@ -106,7 +107,9 @@ FileKind_cls RecogniseBinary(const FileStart_cls& start) {
     FileKind_cls kind;
     kind.mWords = wxString::Format("a binary file of %llu bytes, of no known kind",
                                    static_cast<unsigned long long>(start.mFileByte));
-    if (const auto other = Known(start, true))
+    if (const auto other = Known(start, true)) {
         kind.mWords = other->mWords + ", but in the other byte order, which cannot be read";
+        kind.mCannotBeRead = true;
+    }
     return kind;
 }

@@ -15,6 +15,7 @@ struct FileKind_cls {
     Kind mKind = kUnknown;
     wxString mWords;                        ///< for the user, e.g. "LAMMPS dump, 4000 atoms: id type x y z"
     std::optional<LoadPreset_cls> mPreset;  ///< none: the user must describe the layout
+    bool mCannotBeRead = false;             ///< known, but no layout describes it; the words say why
     bool mHasManySteps = false;             ///< LAMMPS dumps and XYZ: more than one time step in the file
     double mStepByte = 0.0;                 ///< bytes of one step, about, where there are many
 };

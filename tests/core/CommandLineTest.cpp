@@ -44,6 +44,10 @@ class BadInputTest : public ::testing::Test {
         mFolder.Write("cut0000.dat", DefaultSnapshot(0.0F, 1000, {kParticle, kParticle, kParticle}));
         mFolder.Write("minus0000.dat", DefaultSnapshot(0.0F, -5, {kParticle}));
         mFolder.Write("huge0000.dat", DefaultSnapshot(0.0F, 2000000000, {kParticle}));
+        mFolder.Write("mixed0000.tipsy", Bytes(0.5, 2, 3, 1, 1, 0, 0) + std::string(84, '\0'));
+        std::string swapped = DefaultSnapshot(0.0F, 2, {kParticle, kParticle});
+        std::reverse(swapped.begin() + 4, swapped.begin() + 8);
+        mFolder.Write("swapped0000.dat", swapped);
         mFolder.Write("text0000.txt", "0.5\n3\n1 2 3\n\n4 5 6\n");
         mFolder.Write("hugetext0000.txt", "0.5\n2000000000\n1 2 3\n");
         std::filesystem::create_directory(mFolder.File("folder0000"));
@@ -72,6 +76,8 @@ TEST_F(BadInputTest, EachFaultIsOneClearLineWithTheFigures) {
         {{"--info", "huge0000.dat"},
          1,
          {"huge0000.dat", "2000000000 particles (80000000008 bytes)", "48 bytes"}},
+        {{"--info", "mixed0000.tipsy"}, 1, {"mixed0000.tipsy", "1 gas 1 dark", "cannot be read"}},
+        {{"--info", "swapped0000.dat"}, 1, {"swapped0000.dat", "other byte order"}},
         {{"--info", "folder0000"}, 1, {"folder0000", "File open fails"}},
         {{"--info", "folder.dat"}, 1, {"folder.dat", "is a directory"}},
         {{"--info", "text0000.txt", "--set", "DataLoadDataType=1"},
