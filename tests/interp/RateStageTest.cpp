@@ -55,11 +55,17 @@ ThreadInterpolator_cls::Task MakeTask(Snapshot& a, const Snapshot& b) {
             .periodic = {.length = {10.0F, 8.0F, 6.0F}}};
 }
 
-ThreadInterpolator_cls::Task MakeSearch(Snapshot& a, const Snapshot& b) {
-    auto task = MakeTask(a, b);
-    task.variableNumber = DataLoader_cls::kVariable;
-    return task;
-}
+/// Two snapshots of the same IDs in the same order, and the task of matching them by ID.
+struct Search {
+    Search(unsigned int seed, int countA, int countB)
+        : random(seed), a(countA, random), b(countB, random), task(MakeTask(a, b)) {
+        task.variableNumber = DataLoader_cls::kVariable;
+    }
+    Random random;
+    Snapshot a;
+    Snapshot b;
+    ThreadInterpolator_cls::Task task;
+};
 
 // The rules word by word
 
@@ -185,11 +191,9 @@ class MatchingTest : public testing::TestWithParam<Arrangement> {};
 
 TEST_P(MatchingTest, GivesWhatTheScanGives) {
     const Arrangement& arrangement = GetParam();
-    Random random(7);
-    Snapshot a(arrangement.countA, random);
-    Snapshot b(arrangement.countB, random);
+    Search search(7, arrangement.countA, arrangement.countB);
+    auto& [random, a, b, task] = search;
     arrangement.arrange(a.id, b.id, random);
-    auto task = MakeSearch(a, b);
     RunAndExpect(task, a, b, arrangement.samples);
 }
 
@@ -250,13 +254,11 @@ const std::vector<Arrangement> kArrangements = {
 INSTANTIATE_TEST_SUITE_P(RateStageTest, MatchingTest, testing::ValuesIn(kArrangements));
 
 TEST(RateStageTest, ParticlesOutOfReachAreCounted) {
-    Random random(7);
-    Snapshot a(30000, random);
-    Snapshot b(30000, random);
+    Search search(7, 30000, 30000);
+    auto& [random, a, b, task] = search;
     std::rotate(b.id.begin(), b.id.begin() + 15000,
                 b.id.end());  // the first half is now behind, out of reach
     b.id[29999] = -1;         // missing is not out of reach
-    auto task = MakeSearch(a, b);
     std::atomic<int> outOfReach{-1};
     task.outOfReach = &outOfReach;
     ThreadInterpolator_cls::ComputeRates(task);
@@ -268,10 +270,8 @@ TEST(RateStageTest, ParticlesOutOfReachAreCounted) {
 }
 
 TEST(RateStageTest, LargeTablesAreFilledByTwoThreads) {
-    Random random(9);
-    Snapshot a(2100000, random);
-    Snapshot b(2100000, random);
-    auto task = MakeSearch(a, b);
+    Search search(9, 2100000, 2100000);
+    auto& [random, a, b, task] = search;
     std::shuffle(a.id.begin(), a.id.end(), random);
     RunAndExpect(task, a, b, 100);
     Draw(b.id, 1500000, 1, random);
@@ -279,10 +279,8 @@ TEST(RateStageTest, LargeTablesAreFilledByTwoThreads) {
 }
 
 TEST(RateStageTest, LargeSnapshotsWhoseOrderIsLost) {
-    Random random(5);
-    Snapshot a(5000000, random);
-    Snapshot b(5000001, random);
-    auto task = MakeSearch(a, b);
+    Search search(5, 5000000, 5000001);
+    auto& [random, a, b, task] = search;
     std::shuffle(a.id.begin(), a.id.end(), random);
     std::shuffle(b.id.begin(), b.id.end(), random);
     RunAndExpect(task, a, b, 500);
